@@ -1,0 +1,41 @@
+# One include root, the repository: #include "event/event_store.h".
+
+# Flags that every target of this tree is compiled with. The position arithmetic is literal, so
+# the compiler must not fuse a multiplication and an addition into one rounding.
+add_library(orbix_flags INTERFACE)
+target_compile_options(orbix_flags INTERFACE -Wall -Wextra -Wconversion -ffp-contract=off)
+if(ORBIX_SANITIZE)
+    target_compile_options(orbix_flags INTERFACE -fsanitize=${ORBIX_SANITIZE}
+                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(orbix_flags INTERFACE -fsanitize=${ORBIX_SANITIZE})
+endif()
+
+# orbix_room(NAME FOLDER SOURCES ... HEADERS ... USES ...)
+# A static library for one subsystem, its public headers as a verifiable header set.
+function(orbix_room name folder)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;HEADERS;USES" ${ARGN})
+    add_library(${name} STATIC)
+    if(NOT ROOM_SOURCES)
+        file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp CONTENT "" @ONLY)
+        set(ROOM_SOURCES ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp)
+    endif()
+    target_sources(${name} PRIVATE ${ROOM_SOURCES})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}
+                                  FILES ${ROOM_HEADERS})
+    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+    target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE $<BUILD_INTERFACE:orbix_flags>)
+endfunction()
+
+# orbix_test(NAME LABELS "logic" SOURCES ... USES ...)
+# One GoogleTest executable, registered case by case with ctest.
+function(orbix_test name)
+    cmake_parse_arguments(TEST "" "LABELS" "SOURCES;USES;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${TEST_SOURCES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${TEST_USES} orbix_flags GTest::gtest_main GTest::gmock)
+    target_compile_definitions(${name}
+        PRIVATE ORBIX_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+                ORBIX_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES
+                         LABELS "${TEST_LABELS}" ENVIRONMENT "${TEST_ENVIRONMENT}")
+endfunction()

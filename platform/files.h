@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/types.h"
+#include "sequence/api.h"
+
+/// Whole files in and out. Paths are UTF-8. Any thread.
+
+/// The bytes of a file, or nothing when it can't be opened or read (a folder counts so).
+/// `reason` takes the system's words for the failure.
+ORBIX_API std::optional<std::string> ReadWholeFile(const CString& path, CString* reason = nullptr);
+
+/// Writes `bytes` to a new file beside `path`, brings it to the disk and renames it over `path`,
+/// so that the file is there whole or stays as it was. A symbolic link is written through, the
+/// old file's mode is kept. False on failure, with the system's words in `reason`; nothing of the
+/// attempt is left behind.
+ORBIX_API bool WriteFileCommitted(const CString& path, std::string_view bytes,
+                                  CString* reason = nullptr);
+
+/// How an attempt to write a file in place ended.
+enum class WriteOutcome { written, notOpened, cutShort };
+
+/// Opens `path` for writing, truncating it, and writes `bytes`. `written` takes the number of
+/// bytes that went out. Nothing written at all counts as notOpened.
+WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::size_t& written);
+
+/// Removes a file; false when it could not be.
+bool DeleteFile(const CString& path);
+
+/// The extension of the last path component with its dot ("" when there is none), lower case.
+ORBIX_API CString LowerExtension(const CString& path);
