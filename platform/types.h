@@ -28,9 +28,15 @@ using COLORREF = std::uint32_t;
 constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
     return (red & 0xFFU) | ((green & 0xFFU) << 8U) | ((blue & 0xFFU) << 16U);
 }
-constexpr int GetRValue(COLORREF colour) { return static_cast<int>(colour & 0xFFU); }
-constexpr int GetGValue(COLORREF colour) { return static_cast<int>((colour >> 8U) & 0xFFU); }
-constexpr int GetBValue(COLORREF colour) { return static_cast<int>((colour >> 16U) & 0xFFU); }
+constexpr int GetRValue(COLORREF colour) {
+    return static_cast<int>(colour & 0xFFU);
+}
+constexpr int GetGValue(COLORREF colour) {
+    return static_cast<int>((colour >> 8U) & 0xFFU);
+}
+constexpr int GetBValue(COLORREF colour) {
+    return static_cast<int>((colour >> 16U) & 0xFFU);
+}
 
 /// A window: a record that only the toolkit's folder can see into. Null is no window.
 struct NativeWindow;
@@ -57,8 +63,12 @@ struct RECT {
     bool operator==(const RECT&) const = default;
 };
 
-constexpr LONG Width(const RECT& rect) { return rect.right - rect.left; }
-constexpr LONG Height(const RECT& rect) { return rect.bottom - rect.top; }
+constexpr LONG Width(const RECT& rect) {
+    return rect.right - rect.left;
+}
+constexpr LONG Height(const RECT& rect) {
+    return rect.bottom - rect.top;
+}
 
 /// Whether the point lies inside; the right and the lower edge are outside.
 constexpr bool PtInRect(const RECT& rect, POINT point) {

@@ -1,0 +1,164 @@
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "platform/system.h"
+
+namespace {
+
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Get() const { return number_; }
+    bool IsOpen() const { return number_ >= 0; }
+    bool Close() {
+        const int number = std::exchange(number_, -1);
+        return number < 0 || ::close(number) == 0;
+    }
+
+private:
+    int number_;
+};
+
+bool Fail(CString* reason) {
+    if (reason != nullptr) {
+        *reason = os::LastErrorText();
+    }
+    return false;
+}
+
+std::size_t WriteAll(int descriptor, std::string_view bytes) {
+    std::size_t written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(descriptor, bytes.data() + written, bytes.size() - written);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            break;
+        }
+        written += static_cast<std::size_t>(count);
+    }
+    return written;
+}
+
+// The file that really changes: the end of a chain of links, or the path itself.
+std::string ResolveLinks(const CString& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
+    return error ? path : resolved.string();
+}
+
+mode_t ModeForNewFile(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0) {
+        return status.st_mode & 07777U;
+    }
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666U & ~mask;
+}
+
+// A rename is on the disk only when its folder is.
+void SyncFolderOf(const std::string& path) {
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    const Descriptor descriptor(
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.IsOpen()) {
+        ::fsync(descriptor.Get());
+    }
+}
+
+bool WriteAndClose(Descriptor& file, std::string_view bytes, mode_t mode) {
+    return WriteAll(file.Get(), bytes) == bytes.size() && ::fchmod(file.Get(), mode) == 0 &&
+           ::fsync(file.Get()) == 0 && file.Close();
+}
+
+bool ReadToEnd(int descriptor, std::string& bytes) {
+    char block[1 << 16];
+    for (;;) {
+        const ssize_t count = ::read(descriptor, block, sizeof block);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            return count == 0;
+        }
+        bytes.append(block, static_cast<std::size_t>(count));
+    }
+}
+
+}  // namespace
+
+std::optional<std::string> ReadWholeFile(const CString& path, CString* reason) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string bytes;
+    if (!file.IsOpen() || !ReadToEnd(file.Get(), bytes)) {
+        Fail(reason);
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* reason) {
+    const std::string target = ResolveLinks(path);
+    // Renaming over a file asks no leave of the file itself; a read-only file must stay as it is.
+    if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) {
+        return Fail(reason);
+    }
+    const mode_t mode = ModeForNewFile(target);
+    // The name is short whatever the target's is: a name of 255 bytes leaves no room to add to.
+    std::string temporary =
+        (std::filesystem::path(target).parent_path() / ".orbix-XXXXXX").string();
+    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!file.IsOpen()) {
+        return Fail(reason);
+    }
+    if (!WriteAndClose(file, bytes, mode) || ::rename(temporary.c_str(), target.c_str()) != 0) {
+        Fail(reason);
+        ::unlink(temporary.c_str());
+        return false;
+    }
+    SyncFolderOf(target);
+    return true;
+}
+
+WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::size_t& written) {
+    written = 0;
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    if (!file.IsOpen()) {
+        return WriteOutcome::notOpened;
+    }
+    written = WriteAll(file.Get(), bytes);
+    if (!file.Close()) {
+        written = std::min(written, bytes.size() - 1);
+    }
+    if (written == 0) {
+        return WriteOutcome::notOpened;
+    }
+    return written == bytes.size() ? WriteOutcome::written : WriteOutcome::cutShort;
+}
+
+bool DeleteFile(const CString& path) {
+    return ::unlink(path.c_str()) == 0;
+}
+
+CString LowerExtension(const CString& path) {
+    CString extension = std::filesystem::path(path).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return extension;
+}

@@ -1,0 +1,33 @@
+#include "platform/system.h"
+
+#include <sys/statvfs.h>
+
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <thread>
+
+namespace os {
+
+DWORD TickCount() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+void SleepMilliseconds(DWORD milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+double DiskFreeBytes(char /*letter*/) {
+    struct statvfs status {};
+    if (statvfs(".", &status) != 0) {
+        return -1.0;
+    }
+    return static_cast<double>(status.f_bavail) * static_cast<double>(status.f_frsize);
+}
+
+CString LastErrorText() {
+    return std::generic_category().message(errno);
+}
+
+}  // namespace os
