@@ -1,6 +1,7 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/native.h"
 
@@ -19,6 +20,10 @@ bool BeginsWith(const CString& text, const CString& prefix) {
 }
 
 }  // namespace
+
+void CStatic::SetVirtualItems(std::function<std::vector<VirtualItem>()> provider) {
+    native::SetVirtualItems(m_hWnd, std::move(provider));
+}
 
 int CButton::GetCheck() const {
     return native::GetCheck(m_hWnd);

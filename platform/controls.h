@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "platform/window.h"
@@ -9,7 +9,20 @@
 /// for the text of an edit, which raises EN_CHANGE, and the selection of a list, which raises
 /// LVN_ITEMCHANGED for each row whose state really changes: deselected rows first.
 
-class ORBIX_API CStatic : public CWnd {};
+/// One thing that is painted inside a window and has no window of its own, as a screen reader is
+/// told of it.
+struct VirtualItem {
+    CString text;
+    RECT rect;  ///< In the client coordinates of the window's parent.
+    bool isCurrent = false;
+};
+
+class ORBIX_API CStatic : public CWnd {
+public:
+    /// Exposes what stands in this static's place as a list of items. The provider is asked
+    /// whenever a screen reader looks; it must stay callable as long as the window exists.
+    void SetVirtualItems(std::function<std::vector<VirtualItem>()> provider);
+};
 
 class ORBIX_API CButton : public CWnd {
 public:

@@ -1,12 +1,14 @@
 #include "platform/hooks.h"
 
+#include <atomic>
 #include <stdexcept>
 
 #include "platform/system.h"
 
 namespace {
 
-int waitCursorDepth = 0;
+// A transfer may wait on a worker thread.
+std::atomic<int> waitCursorDepth = 0;
 
 template <typename Hook>
 const Hook& Installed(const Hook& hook, const char* name) {

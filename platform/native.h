@@ -138,6 +138,9 @@ void ListSetDescription(HWND list, int row, const CString& sentence);
 
 void SetToolTip(HWND window, const CString& text);
 
+/// Of a placeFrame only; other windows have children of their own.
+void SetVirtualItems(HWND window, std::function<std::vector<VirtualItem>()> provider);
+
 }  // namespace native
 
 /// The other direction: what the toolkit's half calls in the neutral half.

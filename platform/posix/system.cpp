@@ -15,6 +15,10 @@ DWORD TickCount() {
 }
 
 void SleepMilliseconds(DWORD milliseconds) {
+    if (milliseconds == 0) {
+        std::this_thread::yield();
+        return;
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <cstdint>
+
+/// Drawing without antialiasing straight into pixels. The toolkit's painter can do the same, at
+/// many times the cost for pictures made of thousands of small dots and short texts. All
+/// coordinates are device pixels.
+namespace toolkit {
+
+/// Opaque pixels to draw on, and where drawing is allowed: a rectangle inside the picture.
+struct Raster {
+    QRgb* pixels = nullptr;
+    qsizetype stride = 0;  ///< In pixels.
+    QRect clip;
+
+    QRgb* Row(int y) const { return pixels + y * stride; }
+};
+
+/// How outlines and lines are drawn. A dotted pen has dashes and gaps of three pen widths.
+struct Stroke {
+    QRgb colour = 0;
+    int width = 1;
+    bool dotted = false;
+    bool opaqueGaps = false;
+    QRgb gap = 0;
+
+    /// Colour of the pixel that lies `way` pixels along the line; false when it is left alone.
+    bool ColourAt(int way, QRgb& result) const;
+};
+
+/// Coverage of 0 to 255 a pixel, row by row.
+struct Mask {
+    int width = 0;
+    int height = 0;
+    const std::uint8_t* coverage = nullptr;
+};
+
+Raster RasterOf(QImage& image);
+
+void FillBox(const Raster& raster, const QRect& box, QRgb colour);
+
+/// An ellipse that fills the box exactly, outline inside it.
+void DrawEllipse(const Raster& raster, const QRect& box, const Stroke& stroke, QRgb fill);
+
+/// A run of `count` pixels from the start in direction (stepX, stepY), one of which is 1 or -1 and
+/// moves by whole pixels; the other axis moves by `drift` in 1/65536 pixel.
+struct LineRun {
+    QPoint start;
+    int count = 0;
+    bool alongX = true;
+    int step = 1;
+    std::int64_t drift = 0;
+};
+
+void DrawLineRun(const Raster& raster, const LineRun& run, const Stroke& stroke);
+
+/// Lays the colour over the pixels as the mask says, its corner at `place`.
+void BlendMask(const Raster& raster, QPoint place, const Mask& mask, QRgb colour);
+
+/// Copies `box` of the target from `source`, whose pixel for the box's corner is `from`; parts
+/// that the source has not are left out. With `combine` the bits are ANDed.
+void CopyBox(const Raster& raster, const QRect& box, const QImage& source, QPoint from,
+             bool combine);
+
+}  // namespace toolkit

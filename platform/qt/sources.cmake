@@ -1,0 +1,34 @@
+# The toolkit's half of the windows, as paths from platform/.
+set(ORBIX_QT_SOURCES
+    qt/accessible.cpp
+    qt/button_peers.cpp
+    qt/combo_peer.cpp
+    qt/controls.cpp
+    qt/dialog_peer.cpp
+    qt/display_probe.cpp
+    qt/edit_peer.cpp
+    qt/event_dispatch.cpp
+    qt/focus.cpp
+    qt/hooks_qt.cpp
+    qt/list_control.cpp
+    qt/list_delegate.cpp
+    qt/list_model.cpp
+    qt/list_peer.cpp
+    qt/modal.cpp
+    qt/peer.cpp
+    qt/pictures.cpp
+    qt/qt_dc.cpp
+    qt/radio_group.cpp
+    qt/raster.cpp
+    qt/slider_peer.cpp
+    qt/spin_peer.cpp
+    qt/static_peers.cpp
+    qt/surface.cpp
+    qt/tab_peer.cpp
+    qt/text_cache.cpp
+    qt/toolkit.cpp
+    qt/virtual_items.cpp
+    qt/widget_access.cpp
+    qt/window_record.cpp
+    qt/windows.cpp
+)
