@@ -24,6 +24,12 @@ function(orbix_room name folder)
                                   FILES ${ROOM_HEADERS})
     target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE $<BUILD_INTERFACE:orbix_flags>)
+    # The shared library's interface is made of these headers.
+    foreach(header IN LISTS ROOM_HEADERS)
+        cmake_path(GET header PARENT_PATH subfolder)
+        install(FILES ${header}
+                DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orbix/${folder}/${subfolder})
+    endforeach()
 endfunction()
 
 # orbix_test(NAME LABELS "logic" SOURCES ... USES ...)
