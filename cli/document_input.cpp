@@ -1,0 +1,194 @@
+#include "cli/document_input.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "cli/csv_fault.h"
+#include "cli/exit_codes.h"
+#include "event/csv_reader.h"
+#include "params/pattern_form.h"
+#include "platform/files.h"
+#include "platform/hooks.h"
+
+namespace {
+
+constexpr std::uint32_t kParamPositionCount = 2901;
+constexpr std::uint32_t kParamName = 2902;
+constexpr std::uint32_t kParamTimeSigs = 2914;
+
+// Thrown out of the question for a division that nobody is there to answer.
+struct DivisionNotNamed {};
+
+[[noreturn]] void Refuse(const Document& document, const std::string& words) {
+    throw Failure(ExitCode::refused, document.label + ": " + words);
+}
+
+// Remarks are printed by the verbs, so that a box with remarks is none; the one question is
+// answered by an option.
+void AnswerWithoutAsking(std::optional<int> division) {
+    Hooks().waitCursor = [](bool) {};
+    Hooks().messageBox = [division](const CString&, UINT style) {
+        if ((style & MB_TYPEMASK) != MB_YESNO) {
+            return IDOK;
+        }
+        if (!division) {
+            throw DivisionNotNamed();
+        }
+        return *division == 480 ? IDYES : IDNO;
+    };
+}
+
+std::string ReadStandardInput() {
+    std::string bytes;
+    std::vector<char> block(1U << 16U);
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
+        bytes.append(block.data(), count);
+    }
+    if (std::ferror(stdin) != 0) {
+        throw Failure(ExitCode::failed,
+                      std::string("standard input: cannot be read: ") + std::strerror(errno));
+    }
+    return bytes;
+}
+
+std::string ReadInput(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return ReadStandardInput();
+    }
+    CString reason;
+    std::optional<std::string> bytes = ReadWholeFile(path, &reason);
+    if (!bytes) {
+        throw Failure(ExitCode::failed, path + ": cannot be read: " + reason);
+    }
+    return std::move(*bytes);
+}
+
+void AddLeftOut(C3DReport& report, std::ptrdiff_t count) {
+    if (count > 0) {
+        report.AddLine(std::to_string(count) + " events over the limit of " +
+                       std::to_string(kMaxEventsPerId) + " an ID (Entries ignored)");
+    }
+}
+
+// A load drops time signatures over the limit without a remark.
+void RemarkCsvLimit(Document& document, std::string_view text) {
+    if (document.store.CountEvents(kTimeSigId) < kMaxEventsPerId) {
+        return;
+    }
+    CsvContent content;
+    C3DReport unused;
+    ReadCsv(text, EventRange(), content, unused);
+    const auto found =
+        std::count_if(content.events.begin(), content.events.end(),
+                      [](const _tagEvent3D& event) { return event.type == kEventTimeSig; });
+    AddLeftOut(document.report, found - kMaxEventsPerId);
+}
+
+void LoadCsvDocument(Document& document, const std::string& text) {
+    int code = 0;
+    try {
+        code = document.store.LoadCsvText(text, document.report);
+    } catch (const DivisionNotNamed&) {
+        // A text that would be refused anyway is better told what is wrong with it.
+        code = FindCsvFault(text) ? kErrorFormat : kErrorDivision;
+    }
+    if (code == 0) {
+        RemarkCsvLimit(document, text);
+        return;
+    }
+    if (const std::optional<CsvFault> fault = FindCsvFault(text)) {
+        Refuse(document, "line " + std::to_string(fault->line) + ": " + fault->expected);
+    }
+    if (code == kErrorDivision) {
+        Refuse(document, "has no division line; needs --division 480 or 960");
+    }
+    std::string words = "expected at least one time signature or one position that can be used";
+    for (const CString& line : document.report.Lines()) {
+        words.append("\n").append(line);
+    }
+    Refuse(document, words);
+}
+
+std::uint32_t PositionCount(const CQelCPB_3DPattern& pattern) {
+    st_paramValue record;
+    pattern.GetParam(kParamPositionCount, &record, kSizeParamValue);
+    return record.value;
+}
+
+std::size_t TimeSigCount(const CQelCPB_3DPattern& pattern) {
+    std::vector<t_tSigRec> records;
+    st_paramTimeSigRecords reference{&records};
+    pattern.GetParam(kParamTimeSigs, &reference, kSizeReference);
+    return records.size();
+}
+
+// A load drops what is over the limit of an ID without a remark: all that is missing in the table
+// and has no line of its own.
+void RemarkPatternLimit(Document& document) {
+    const std::vector<CString>& lines = document.report.Lines();
+    const auto told = std::count_if(lines.begin(), lines.end(), [](const CString& line) {
+        return line.ends_with("(Entry ignored)");
+    });
+    const auto given = static_cast<std::ptrdiff_t>(PositionCount(*document.pattern) +
+                                                   TimeSigCount(*document.pattern));
+    AddLeftOut(document.report, given - document.store.CountEvents(-1) - told);
+}
+
+std::string NameOf(const CQelCPB_3DPattern& pattern) {
+    st_paramName record;
+    pattern.GetParam(kParamName, &record, kSizeParamName);
+    return record.name;
+}
+
+void LoadPatternDocument(Document& document, const std::string& bytes) {
+    PatternFault fault;
+    document.pattern = ReadPatternBytes(bytes, fault);
+    if (!document.pattern) {
+        Refuse(document, "not a 3D pattern: " + fault.Text());
+    }
+    document.name = NameOf(*document.pattern);
+    document.store.LoadFromPattern(document.pattern.get(), document.report);
+    RemarkPatternLimit(document);
+}
+
+}  // namespace
+
+std::string NameFromPath(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return NameOf(CQelCPB_3DPattern());
+    }
+    std::string name = std::filesystem::path(path).stem().string();
+    if (name.size() > kMaxNameBytes) {
+        std::size_t length = kMaxNameBytes;
+        // A byte 10xxxxxx continues a UTF-8 character.
+        while (length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U) {
+            --length;
+        }
+        name.resize(length);
+    }
+    return name;
+}
+
+Document LoadDocument(const InputOptions& input) {
+    Document document;
+    document.kind = KindOf(input.path, input.kind, "--from");
+    document.label = IsStandardStream(input.path) ? "standard input" : input.path;
+    const std::string bytes = ReadInput(input.path);
+    const HooksScope scope;
+    AnswerWithoutAsking(input.division);
+    if (document.kind == FileKind::pattern) {
+        LoadPatternDocument(document, bytes);
+    } else {
+        document.pattern = std::make_unique<CQelCPB_3DPattern>();
+        document.name = NameFromPath(input.path);
+        LoadCsvDocument(document, bytes);
+    }
+    return document;
+}

@@ -1,0 +1,76 @@
+#include <CLI/CLI.hpp>
+#include <array>
+#include <memory>
+
+#include "cli/document_input.h"
+#include "cli/options.h"
+#include "cli/output.h"
+#include "cli/verbs.h"
+
+namespace {
+
+struct InfoOptions {
+    InputOptions input;
+    RemarkOptions remarks;
+};
+
+// A name comes from a file; what would steer a terminal is not let through.
+std::string Printable(std::string text) {
+    for (char& letter : text) {
+        if (static_cast<unsigned char>(letter) < 0x20 || letter == 0x7F) {
+            letter = '?';
+        }
+    }
+    return text;
+}
+
+std::string CountsText(const C3DEventData& store) {
+    std::string text = std::to_string(store.CountEvents(-1)) + " (";
+    for (int id = 0; id < kSourceCount; ++id) {
+        text += "ID " + std::to_string(id) + ": " + std::to_string(store.CountEvents(id)) + ", ";
+    }
+    return text + "time signatures: " + std::to_string(store.CountEvents(kTimeSigId)) + ")";
+}
+
+// The table is in rising order of tick, so that its last event ends it.
+std::string LengthText(const C3DEventData& store) {
+    const int count = store.CountEvents(-1);
+    const std::uint32_t tick = count == 0 ? 0 : store.EventAt(count - 1).tick;
+    const t_MBT end = store.TickToMBT(tick);
+    return std::to_string(tick) + " ticks, last event at " + std::to_string(end.measure) + ":" +
+           std::to_string(end.beat) + ":" + std::to_string(end.tick);
+}
+
+std::string InfoText(const Document& document) {
+    const std::array<std::array<std::string, 2>, 6> rows = {{
+        {"File", document.label},
+        {"Kind", document.kind == FileKind::pattern ? "3D pattern" : "CSV event table"},
+        {"Name", Printable(document.name)},
+        {"Division", std::to_string(document.store.Division())},
+        {"Events", CountsText(document.store)},
+        {"Length", LengthText(document.store)},
+    }};
+    std::string text;
+    for (const auto& [caption, value] : rows) {
+        text.append(caption).append(":").append(9 - caption.size(), ' ');
+        text.append(value).append("\n");
+    }
+    return text;
+}
+
+ExitCode Info(const InfoOptions& options) {
+    const Document document = LoadDocument(options.input);
+    WriteResult(InfoText(document));
+    return ReportRemarks(document.label, document.report, options.remarks);
+}
+
+}  // namespace
+
+void AddInfoVerb(CLI::App& program, Job& job) {
+    CLI::App& verb = *program.add_subcommand(
+        "info", "Say what a file is: name, division, events of each ID, length");
+    const auto options = std::make_shared<InfoOptions>();
+    AddInputOptions(verb, options->input);
+    AddRemarkOptions(verb, options->remarks);
+    verb.callback([&job, options] { job = [options] { return Info(*options); }; });
+}

@@ -1,0 +1,119 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "samples.h"
+#include "shell.h"
+
+namespace {
+
+using Names = std::set<std::string>;
+
+const std::string kHeader =
+    "Division,480\r\n3D ID,Meas,Beat,Tick,Distance,Azimuth,Elevation,TimeSig.\r\n";
+const std::string kText = kHeader + ",1,1,0,,,,4_4\r\n0,1,1,0,1000,0,0\r\n";
+const std::string kPattern = PatternOf(1, TimeSigBlock(), 1, PositionBlock(0, 0));
+
+TEST(PatternFile, StreamsCarryTheSameTableInBothForms) {
+    const Shell shell;
+    EXPECT_EQ(shell.Run("orbix convert - - --from 3dp --to csv", kPattern),
+              (Outcome{0, kText, ""}));
+    EXPECT_EQ(shell.Run("orbix convert - - --from csv --to 3dp --name Orbit", kText),
+              (Outcome{0, kPattern, ""}));
+}
+
+TEST(PatternFile, KeepsWhatItCarriesBesides) {
+    const std::string foreign = Block(4711, "stays");
+    const auto pattern = [&foreign](std::uint32_t distance) {
+        return PatternOf(1, TimeSigBlock(), 2, foreign + PositionBlock(480, 3, distance));
+    };
+    EXPECT_EQ(Shell().Run("orbix convert - - --from 3dp --to 3dp --strict", pattern(1010)),
+              (Outcome{4, pattern(1000),
+                       "orbix: standard input: Index=1 : Distance Changed (1010)->(1000)\n"}));
+}
+
+TEST(PatternFile, AnOddNameHarmsNobody) {
+    const Shell shell;
+    EXPECT_THAT(shell.Run("orbix info --from 3dp -", PatternOf(0, "", 0, "", "\x1B[2J\x7F")).out,
+                testing::HasSubstr("\nName:     ?[2J?\n"));
+    // What is no UTF-8 costs that byte, not the answer.
+    EXPECT_THAT(shell.Run("orbix show --json --from 3dp -", PatternOf(0, "", 0, "", "a\xFF")).out,
+                testing::StartsWith("{\n  \"name\": \"a\xEF\xBF\xBD\",\n"));
+}
+
+// A doubled time signature has its own line and is not counted again.
+TEST(PatternFile, WhatIsOverTheLimitIsTold) {
+    std::string positions;
+    for (int i = 0; i < 258; ++i) {
+        positions += PositionBlock(0, 0);
+    }
+    EXPECT_EQ(Shell().Run("orbix check --from 3dp -",
+                          PatternOf(2, TimeSigBlock() + TimeSigBlock(), 258, positions)),
+              (Outcome{4,
+                       "Index=1 : TimeSig. event is already existing (Entry ignored)\n"
+                       "2 events over the limit of 256 an ID (Entries ignored)\n",
+                       ""}));
+}
+
+TEST(PatternFile, ARefusalNamesByteAndBlock) {
+    const auto with = [](std::size_t offset, const std::string& bytes) {
+        return std::string(kPattern).replace(offset, bytes.size(), bytes);
+    };
+    const std::pair<std::string, std::string> refusals[] = {
+        {"", "0, pattern: expected a pattern of at least 20 bytes, found nothing\n"},
+        {std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16) + kPattern, "4, pattern: "},
+        {kText, "4, pattern: "},
+        {kPattern + "x", "223, pattern: expected the end of the pattern, found 1 byte more\n"},
+        {with(4, Word(0xFFFFFFFF)), "4, pattern: "},
+        {with(12, Word(0xFFFFFFFF)), "12, pattern: "},
+        {with(16, Word(0xFFFFFFFF)), "16, pattern: "},
+        {with(56, Word(0xFFFFFFFF)), "56, pattern > name (block 2901, child 2): "},
+        {PatternOf(70000, "", 0, ""), "117, pattern > time signatures (block 2906, child 5): "},
+        {PatternOf(0, "", 1, Block(4711, "x").replace(4, 4, Word(0xFFFFFFF0))),
+         "125, pattern > unknown (block 4711, child 6): "},
+        {PatternOf(0, "", 1, Held(2903, 0, "")),
+         "129, pattern > position event (block 2903, child 6): "},
+    };
+    const Shell shell;
+    for (const auto& [input, words] : refusals) {
+        const Outcome outcome = shell.Run("orbix convert --from 3dp - out.csv", input);
+        EXPECT_EQ(outcome.code, 3) << words;
+        EXPECT_THAT(outcome.err, testing::StartsWith(
+                                     "orbix: standard input: not a 3D pattern: at byte " + words));
+    }
+    EXPECT_EQ(shell.Names(), Names());
+}
+
+TEST(PatternFile, DepthCostsNoStack) {
+    std::string deep;
+    for (std::uint32_t left = 10000; left > 0; --left) {
+        deep += Word(0) + Word(12 * left - 8) + Word(left > 1 ? 1 : 0);
+    }
+    const std::string pattern = PatternOf(0, "", 1, deep);
+    EXPECT_EQ(Shell().Run("orbix convert --from 3dp - --to 3dp -", pattern),
+              (Outcome{0, pattern, ""}));
+}
+
+// A process a cut is dear: a few that fall into every part of the input.
+TEST(BadInput, CutShortIsRefusedWholeOrTakenWhole) {
+    for (const auto& [kind, whole] : {std::pair("3dp", kPattern), std::pair("csv", kText)}) {
+        for (std::size_t length = 0; length < whole.size(); length += 9) {
+            const Shell shell;
+            const Outcome outcome = shell.Run(std::string("orbix convert - out.3dp --from ") + kind,
+                                              whole.substr(0, length));
+            const bool mayPass = whole == kText && length > kHeader.size();
+            EXPECT_TRUE(outcome.code == 3 || (mayPass && outcome.code == 0)) << length << outcome;
+            EXPECT_EQ(shell.Names(), outcome.code == 0 ? Names{"out.3dp"} : Names()) << length;
+        }
+    }
+}
+
+TEST(BadInput, AnUnreadableFileIsNotOpened) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "nothing is unreadable for root";
+    }
+    EXPECT_EQ(Shell().Run(">a.csv; chmod 0 a.csv; orbix info a.csv"),
+              (Outcome{1, "", "orbix: a.csv: cannot be read: Permission denied\n"}));
+}
+
+}  // namespace

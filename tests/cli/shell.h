@@ -1,0 +1,37 @@
+#pragma once
+
+#include <ostream>
+#include <set>
+#include <string>
+
+/// What a command line left behind.
+struct Outcome {
+    int code = 0;  ///< exit code, 128 and more for a signal
+    std::string out;
+    std::string err;
+
+    bool operator==(const Outcome&) const = default;
+    friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome) {
+        return stream << "exit " << outcome.code << "\nstdout: " << outcome.out
+                      << "\nstderr: " << outcome.err;
+    }
+};
+
+/// A fresh folder and a shell inside it, with the program of this build found as `orbix` and the
+/// examples at `$EXAMPLES`. There is little memory, so that a length that is believed shows.
+class Shell {
+public:
+    Shell();
+    ~Shell();
+    Shell(const Shell&) = delete;
+    Shell& operator=(const Shell&) = delete;
+
+    Outcome Run(const std::string& line, const std::string& input = "") const;
+    /// Names of the files in the folder.
+    std::set<std::string> Names() const;
+
+private:
+    std::string folder_;
+};
+
+std::string ReadBytes(const std::string& path);
