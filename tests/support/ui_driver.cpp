@@ -1,0 +1,250 @@
+#include "tests/support/ui_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <QWindow>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+#include "platform/controls.h"
+#include "platform/native.h"
+#include "platform/qt/widget_access.h"
+
+namespace {
+
+/// Stands before any application object: tests must not open windows on the desk they run on, nor
+/// meet a guard that a running editor holds.
+class TestEnvironment {
+public:
+    TestEnvironment() {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);
+        char pattern[] = "/tmp/orbix-test-XXXXXX";
+        if (mkdtemp(pattern) != nullptr) {
+            folder_ = pattern;
+            setenv("XDG_RUNTIME_DIR", pattern, 1);
+        }
+    }
+    ~TestEnvironment() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+private:
+    std::string folder_;
+};
+
+const TestEnvironment testEnvironment;
+
+constexpr int kPollMilliseconds = 1;
+constexpr int kMostPolls = 1000;
+constexpr int kWatchdogMilliseconds = 60000;
+
+bool IsUp(const CDialog& dialog) {
+    const QWidget* widget = WidgetOfWindow(dialog.m_hWnd);
+    return widget != nullptr && widget->isVisible() && widget->isActiveWindow();
+}
+
+void RunScript(CDialog& dialog, const std::function<void(DialogDriver&)>& script) {
+    DialogDriver driver(dialog);
+    try {
+        driver.Settle();
+        script(driver);
+    } catch (const std::exception& failure) {
+        ADD_FAILURE() << "the script stopped: " << failure.what();
+    } catch (...) {
+        ADD_FAILURE() << "the script stopped";
+    }
+    dialog.EndDialog(kEndedByDriver);
+}
+
+}  // namespace
+
+QWidget& DialogDriver::Widget(int id) {
+    QWidget* widget = WidgetOfWindow(native::GetDlgItem(dialog_.m_hWnd, id));
+    if (widget == nullptr) {
+        throw std::runtime_error("no control " + std::to_string(id));
+    }
+    return *widget;
+}
+
+QWindow& DialogDriver::Window() {
+    QWidget* widget = WidgetOfWindow(dialog_.m_hWnd);
+    if (widget == nullptr || widget->window()->windowHandle() == nullptr) {
+        throw std::runtime_error("the dialog has no window");
+    }
+    return *widget->window()->windowHandle();
+}
+
+QPoint DialogDriver::PointOf(int id) {
+    const QWidget& widget = Widget(id);
+    return widget.mapTo(widget.window(), widget.rect().center());
+}
+
+void DialogDriver::Click(int id, Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(&Window(), Qt::LeftButton, modifiers, PointOf(id));
+}
+
+void DialogDriver::Type(int id, const std::string& text) {
+    Widget(id).setFocus();
+    for (const QChar character : QString::fromStdString(text)) {
+        QTest::sendKeyEvent(QTest::Click, &Window(), Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+    }
+}
+
+void DialogDriver::Key(int id, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    Widget(id).setFocus();
+    Key(key, modifiers);
+}
+
+void DialogDriver::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&Window(), key, modifiers);
+}
+
+void DialogDriver::ClickSpin(int id, bool up) {
+    const QWidget& spin = Widget(id);
+    const QPoint place(spin.width() / 2, up ? 2 : spin.height() - 3);
+    QTest::mouseClick(&Window(), Qt::LeftButton, Qt::NoModifier, spin.mapTo(spin.window(), place));
+}
+
+void DialogDriver::ClickTab(int id, int index) {
+    const auto& bar = dynamic_cast<QTabBar&>(Widget(id));
+    QTest::mouseClick(&Window(), Qt::LeftButton, Qt::NoModifier,
+                      bar.mapTo(bar.window(), bar.tabRect(index).center()));
+}
+
+void DialogDriver::MousePress(QPoint point, Qt::MouseButton button) {
+    QTest::mousePress(&Window(), button, Qt::NoModifier, point);
+}
+
+void DialogDriver::MouseMove(QPoint point) {
+    QTest::mouseMove(&Window(), point);
+}
+
+void DialogDriver::MouseRelease(QPoint point, Qt::MouseButton button) {
+    QTest::mouseRelease(&Window(), button, Qt::NoModifier, point);
+}
+
+QPoint DialogDriver::RowPoint(int list, int row) {
+    Settle();
+    auto& view = dynamic_cast<QTreeView&>(Widget(list));
+    const QModelIndex index = view.model()->index(row, 1);
+    view.scrollTo(index);
+    return view.viewport()->mapTo(view.window(), view.visualRect(index).center());
+}
+
+void DialogDriver::ClickRow(int list, int row, Qt::KeyboardModifiers modifiers,
+                            Qt::MouseButton button) {
+    QTest::mouseClick(&Window(), button, modifiers, RowPoint(list, row));
+}
+
+void DialogDriver::DoubleClickRow(int list, int row) {
+    QTest::mouseDClick(&Window(), Qt::LeftButton, Qt::NoModifier, RowPoint(list, row));
+}
+
+std::vector<std::vector<std::string>> DialogDriver::RowTexts(int list) {
+    HWND window = native::GetDlgItem(dialog_.m_hWnd, list);
+    Settle();
+    const int columns = dynamic_cast<QTreeView&>(Widget(list)).model()->columnCount();
+    std::vector<std::vector<std::string>> rows(static_cast<std::size_t>(native::ListCount(window)));
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        for (int column = 0; column < columns; ++column) {
+            rows[row].push_back(native::ListGetText(window, static_cast<int>(row), column));
+        }
+    }
+    return rows;
+}
+
+std::vector<int> DialogDriver::SelectedRows(int list) {
+    HWND window = native::GetDlgItem(dialog_.m_hWnd, list);
+    std::vector<int> rows;
+    for (int row = native::ListNext(window, -1, LVNI_SELECTED); row >= 0;
+         row = native::ListNext(window, row, LVNI_SELECTED)) {
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+std::string DialogDriver::Text(int id) {
+    return native::GetText(native::GetDlgItem(dialog_.m_hWnd, id));
+}
+
+bool DialogDriver::Enabled(int id) {
+    return Widget(id).isEnabled();
+}
+
+bool DialogDriver::Checked(int id) {
+    return dynamic_cast<QAbstractButton&>(Widget(id)).isChecked();
+}
+
+void DialogDriver::Settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+QImage DialogDriver::Grab() {
+    Settle();
+    return WidgetOfWindow(dialog_.m_hWnd)->grab().toImage();
+}
+
+void DialogDriver::Save(const std::string& path) {
+    Grab().save(QString::fromStdString(path));
+}
+
+int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script) {
+    if (!native::EnsureToolkit()) {
+        ADD_FAILURE() << "no toolkit";
+        return -1;
+    }
+    QTimer watchdog;
+    watchdog.setSingleShot(true);
+    QObject::connect(&watchdog, &QTimer::timeout, [] {
+        std::fputs("the dialog hangs\n", stderr);
+        std::abort();
+    });
+    watchdog.start(kWatchdogMilliseconds);
+    QTimer poll;
+    int polls = 0;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        if (IsUp(dialog) || (dialog.m_hWnd != nullptr && ++polls > kMostPolls)) {
+            poll.stop();
+            RunScript(dialog, script);
+        }
+    });
+    poll.start(kPollMilliseconds);
+    return dialog.DoModal();
+}
+
+MessageBoxScript::MessageBoxScript() {
+    Hooks().messageBox = [this](const CString& text, UINT style) { return Answer(text, style); };
+}
+
+MessageBoxScript::~MessageBoxScript() {
+    for (const Box& box : boxes_) {
+        ADD_FAILURE() << "no message box came with: " << box.text;
+    }
+}
+
+MessageBoxScript& MessageBoxScript::Expect(const CString& text, UINT style, int answer) {
+    boxes_.push_back({text, style, answer});
+    return *this;
+}
+
+int MessageBoxScript::Answer(const CString& text, UINT style) {
+    if (boxes_.empty()) {
+        ADD_FAILURE() << "unexpected message box: " << text;
+        return (style & MB_TYPEMASK) == MB_OK ? IDOK : IDCANCEL;
+    }
+    const Box box = boxes_.front();
+    boxes_.pop_front();
+    EXPECT_EQ(box.text, text);
+    EXPECT_EQ(box.style, style) << text;
+    return box.answer;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/controls.h"
+
+/// An edit box for a whole number without a sign. Typing takes digits only, up to the length
+/// limit; leaving the box or pressing Enter brings the number within its bounds. Setting the text
+/// by program is not bound. Main thread only.
+class ORBIX_API CNumericEdit : public CEdit {
+public:
+    ~CNumericEdit() override;
+    const MessageMap* GetMessageMap() const override;
+    BOOL PreTranslateMessage(MSG* message) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    /// Characters that the box accepts.
+    void SetLimit(std::int16_t characters) { m_nLimit = characters; }
+    void SetRange(int lower, int upper);
+    /// The number that is put into a box left empty; not held to the bounds.
+    void SetFallback(int fallback) { m_nFallback = fallback; }
+
+    /// Brings a text within the bounds: one longer than the limit, digits or not, becomes the
+    /// upper bound. 1 when the text was made valid; 0, and the text as it was, when it is empty
+    /// or holds anything but digits.
+    int Normalize(CString& text) const;
+
+    void SetValueText(const CString& text);
+    CString GetValueText() const;
+
+private:
+    LRESULT OnChar(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKillFocus(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+    void CommitText();
+    void Paste();
+
+    std::int16_t m_nLimit = 0;
+    int m_nUpper = 0;
+    int m_nLower = 0;
+    int m_nFallback = 0;
+};
