@@ -7,4 +7,7 @@ namespace toolkit {
 /// Gives the control the words of its template for screen readers.
 void SetAccessibleWords(const NativeWindow& window, const ControlTemplate& description);
 
+/// Makes places able to tell of what is painted in them; once a process.
+void InstallVirtualItems();
+
 }  // namespace toolkit

@@ -94,9 +94,8 @@ void QtDC::TextOut(int x, int y, std::string_view text) {
     if (backgroundMode_ == OPAQUE) {
         FillBox(raster_, cell, ToPixel(backgroundColour_));
     }
-    const QPoint corner = cell.topLeft() + run.offset;
-    BlendMask(raster_, corner, run.AsMask(), ToPixel(textColour_));
-    Touch(cell | QRect(corner, QSize(run.width, run.height)));
+    BlendMask(raster_, cell.topLeft(), run.mask, ToPixel(textColour_));
+    Touch(cell | run.mask.box.translated(cell.topLeft()));
 }
 
 SIZE QtDC::GetTextExtent(std::string_view text) {

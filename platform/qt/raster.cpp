@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <unordered_map>
+#include <list>
 #include <vector>
 
 namespace toolkit {
@@ -27,20 +27,99 @@ Insets ComputeInsets(int width, int height) {
     return insets;
 }
 
+struct Span {
+    int row;
+    int first;
+    int last;
+};
+
+/// An ellipse of one size and pen width as the spans of its outline and of what lies inside.
+struct EllipseShape {
+    std::vector<Span> outline;
+    std::vector<Span> inside;
+};
+
+class ShapeMaker {
+public:
+    ShapeMaker(int width, int height, int penWidth)
+        : width_(width),
+          height_(height),
+          penWidth_(penWidth),
+          outer_(ComputeInsets(width, height)) {
+        if (penWidth > 1 && width > 2 * penWidth && height > 2 * penWidth) {
+            inner_ = ComputeInsets(width - 2 * penWidth, height - 2 * penWidth);
+        }
+    }
+
+    EllipseShape Make() const {
+        EllipseShape shape;
+        for (int row = 0; row < height_; ++row) {
+            AddRow(row, shape);
+        }
+        return shape;
+    }
+
+private:
+    int Outer(int row) const {
+        return row < 0 || row >= height_ ? width_ : outer_[static_cast<std::size_t>(row)];
+    }
+
+    // The first column inside the outline. A thin outline is made of the pixels that have a
+    // neighbour outside, a thicker one lies between the box's ellipse and a smaller one.
+    int Inner(int row) const {
+        if (penWidth_ <= 1) {
+            return std::max({Outer(row) + 1, Outer(row - 1), Outer(row + 1)});
+        }
+        const int innerRow = row - penWidth_;
+        if (innerRow < 0 || innerRow >= static_cast<int>(inner_.size())) {
+            return width_;
+        }
+        return std::max(Outer(row) + 1, penWidth_ + inner_[static_cast<std::size_t>(innerRow)]);
+    }
+
+    void AddRow(int row, EllipseShape& shape) const {
+        const int first = Outer(row);
+        const int last = width_ - 1 - first;
+        const int inside = Inner(row);
+        const int insideLast = width_ - 1 - inside;
+        if (inside > insideLast) {
+            shape.outline.push_back({row, first, last});
+            return;
+        }
+        shape.outline.push_back({row, first, inside - 1});
+        shape.inside.push_back({row, inside, insideLast});
+        shape.outline.push_back({row, insideLast + 1, last});
+    }
+
+    int width_;
+    int height_;
+    int penWidth_;
+    Insets outer_;
+    Insets inner_;
+};
+
 // Dots have one size and rings a few at a time, so a small cache always hits.
-const Insets& EllipseInsets(int width, int height) {
-    static std::unordered_map<std::uint64_t, Insets> cache;
-    constexpr std::size_t kMostShapes = 256;
-    const auto key = (static_cast<std::uint64_t>(static_cast<std::uint32_t>(width)) << 32U) |
-                     static_cast<std::uint32_t>(height);
-    const auto found = cache.find(key);
+const EllipseShape& ShapeOf(int width, int height, int penWidth) {
+    struct Entry {
+        int width;
+        int height;
+        int penWidth;
+        EllipseShape shape;
+    };
+    static std::list<Entry> cache;
+    constexpr std::size_t kMostShapes = 16;
+    const auto found = std::find_if(cache.begin(), cache.end(), [&](const Entry& entry) {
+        return entry.width == width && entry.height == height && entry.penWidth == penWidth;
+    });
     if (found != cache.end()) {
-        return found->second;
+        cache.splice(cache.begin(), cache, found);
+        return found->shape;
     }
-    if (cache.size() >= kMostShapes) {
-        cache.clear();
+    if (cache.size() == kMostShapes) {
+        cache.pop_back();
     }
-    return cache.emplace(key, ComputeInsets(width, height)).first->second;
+    cache.push_front({width, height, penWidth, ShapeMaker(width, height, penWidth).Make()});
+    return cache.front().shape;
 }
 
 void FillSpan(const Raster& raster, int y, int first, int last, QRgb colour) {
@@ -76,81 +155,34 @@ private:
     double turnY_;
 };
 
-class EllipsePainter {
-public:
-    EllipsePainter(const Raster& raster, const QRect& box, const Stroke& stroke, QRgb fill)
-        : raster_(raster),
-          box_(box),
-          stroke_(stroke),
-          fill_(fill),
-          way_(box),
-          outer_(EllipseInsets(box.width(), box.height())) {
-        const int inner = 2 * stroke.width;
-        if (stroke.width > 1 && box.width() > inner && box.height() > inner) {
-            inner_ = EllipseInsets(box.width() - inner, box.height() - inner);
+void FillSpans(const Raster& raster, const QRect& box, const std::vector<Span>& spans,
+               QRgb colour) {
+    if (!raster.clip.contains(box)) {
+        for (const Span& span : spans) {
+            FillSpan(raster, box.top() + span.row, box.left() + span.first, box.left() + span.last,
+                     colour);
+        }
+        return;
+    }
+    QRgb* corner = raster.Row(box.top()) + box.left();
+    for (const Span& span : spans) {
+        QRgb* row = corner + span.row * raster.stride;
+        std::fill(row + span.first, row + span.last + 1, colour);
+    }
+}
+
+void DrawDottedOutline(const Raster& raster, const QRect& box, const std::vector<Span>& outline,
+                       const Stroke& stroke, QRgb fill) {
+    const OutlineWay way(box);
+    for (const Span& span : outline) {
+        for (int column = span.first; column <= span.last; ++column) {
+            QRgb colour = fill;
+            stroke.ColourAt(way.At(column, span.row), colour);
+            FillSpan(raster, box.top() + span.row, box.left() + column, box.left() + column,
+                     colour);
         }
     }
-
-    void Draw() {
-        for (int row = 0; row < box_.height(); ++row) {
-            DrawRow(row);
-        }
-    }
-
-private:
-    int Outer(int row) const {
-        return row < 0 || row >= box_.height() ? box_.width()
-                                               : outer_[static_cast<std::size_t>(row)];
-    }
-
-    // The first column inside the outline. A thin outline is made of the pixels that have a
-    // neighbour outside, a thicker one lies between the box's ellipse and a smaller one.
-    int Inner(int row) const {
-        if (stroke_.width <= 1) {
-            return std::max(Outer(row) + 1, std::max(Outer(row - 1), Outer(row + 1)));
-        }
-        const int innerRow = row - stroke_.width;
-        if (innerRow < 0 || innerRow >= static_cast<int>(inner_.size())) {
-            return box_.width();
-        }
-        return std::max(Outer(row) + 1, stroke_.width + inner_[static_cast<std::size_t>(innerRow)]);
-    }
-
-    void DrawRow(int row) {
-        const int first = Outer(row);
-        const int last = box_.width() - 1 - first;
-        const int inside = Inner(row);
-        const int insideLast = box_.width() - 1 - inside;
-        if (inside > insideLast) {
-            DrawOutline(row, first, last);
-            return;
-        }
-        DrawOutline(row, first, inside - 1);
-        FillSpan(raster_, box_.top() + row, box_.left() + inside, box_.left() + insideLast, fill_);
-        DrawOutline(row, insideLast + 1, last);
-    }
-
-    void DrawOutline(int row, int first, int last) {
-        const int y = box_.top() + row;
-        if (!stroke_.dotted) {
-            FillSpan(raster_, y, box_.left() + first, box_.left() + last, stroke_.colour);
-            return;
-        }
-        for (int column = first; column <= last; ++column) {
-            QRgb colour = fill_;
-            stroke_.ColourAt(way_.At(column, row), colour);
-            FillSpan(raster_, y, box_.left() + column, box_.left() + column, colour);
-        }
-    }
-
-    const Raster& raster_;
-    QRect box_;
-    Stroke stroke_;
-    QRgb fill_;
-    OutlineWay way_;
-    Insets outer_;
-    Insets inner_;
-};
+}
 
 // The square of pen width at one step of a line, `across` being its place on the other axis.
 void DrawStep(const Raster& raster, const LineRun& run, int index, int across, int width,
@@ -172,26 +204,29 @@ QRect BoundsOf(const LineRun& run, int width) {
     return QRect(run.start, end).normalized().adjusted(-1, -1, width, width);
 }
 
-// The common case of thousands of thin lines: everything inside, nothing to test.
-void DrawThinRun(const Raster& raster, const LineRun& run, QRgb colour) {
+// The common case of thousands of solid lines: everything inside, nothing to test.
+void DrawSolidRun(const Raster& raster, const LineRun& run, int width, QRgb colour) {
     QRgb* start = raster.Row(run.start.y()) + run.start.x();
     const qsizetype along = run.alongX ? run.step : run.step * raster.stride;
     const qsizetype across = run.alongX ? raster.stride : 1;
     std::int64_t place = 0x8000;
     for (int index = 0; index < run.count; ++index, place += run.drift) {
-        start[index * along + (place >> 16U) * across] = colour;
+        QRgb* pixel = start + index * along + (place >> 16U) * across;
+        for (int thick = 0; thick < width; ++thick, pixel += across) {
+            *pixel = colour;
+        }
     }
 }
 
-std::uint32_t Mix(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
-    return (under * (255U - coverage) + over * coverage + 127U) / 255U;
-}
-
-QRgb Blend(QRgb under, QRgb over, std::uint32_t coverage) {
-    const auto channel = [&](unsigned shift) {
-        return Mix((under >> shift) & 0xFFU, (over >> shift) & 0xFFU, coverage) << shift;
-    };
-    return 0xFF000000U | channel(16U) | channel(8U) | channel(0U);
+// Red and blue are mixed in one go, their bits leave each other room.
+QRgb Blend(QRgb under, QRgb over, std::uint32_t weight) {
+    constexpr std::uint32_t kRedBlue = 0xFF00FFU;
+    constexpr std::uint32_t kGreen = 0x00FF00U;
+    const std::uint32_t rest = 256U - weight;
+    const std::uint32_t redBlue =
+        ((under & kRedBlue) * rest + (over & kRedBlue) * weight) >> 8U & kRedBlue;
+    const std::uint32_t green = ((under & kGreen) * rest + (over & kGreen) * weight) >> 8U & kGreen;
+    return 0xFF000000U | redBlue | green;
 }
 
 }  // namespace
@@ -224,8 +259,15 @@ void FillBox(const Raster& raster, const QRect& box, QRgb colour) {
 }
 
 void DrawEllipse(const Raster& raster, const QRect& box, const Stroke& stroke, QRgb fill) {
-    if (box.width() > 0 && box.height() > 0 && box.intersects(raster.clip)) {
-        EllipsePainter(raster, box, stroke, fill).Draw();
+    if (box.width() <= 0 || box.height() <= 0 || !box.intersects(raster.clip)) {
+        return;
+    }
+    const EllipseShape& shape = ShapeOf(box.width(), box.height(), stroke.width);
+    FillSpans(raster, box, shape.inside, fill);
+    if (stroke.dotted) {
+        DrawDottedOutline(raster, box, shape.outline, stroke, fill);
+    } else {
+        FillSpans(raster, box, shape.outline, stroke.colour);
     }
 }
 
@@ -233,8 +275,8 @@ void DrawLineRun(const Raster& raster, const LineRun& run, const Stroke& stroke)
     if (run.count <= 0) {
         return;
     }
-    if (stroke.width == 1 && !stroke.dotted && raster.clip.contains(BoundsOf(run, 1))) {
-        DrawThinRun(raster, run, stroke.colour);
+    if (!stroke.dotted && raster.clip.contains(BoundsOf(run, stroke.width))) {
+        DrawSolidRun(raster, run, stroke.width, stroke.colour);
         return;
     }
     const int base = run.alongX ? run.start.y() : run.start.x();
@@ -248,15 +290,18 @@ void DrawLineRun(const Raster& raster, const LineRun& run, const Stroke& stroke)
 }
 
 void BlendMask(const Raster& raster, QPoint place, const Mask& mask, QRgb colour) {
-    const QRect inside = QRect(place, QSize(mask.width, mask.height)) & raster.clip;
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        const std::uint8_t* coverage =
-            mask.coverage + static_cast<qsizetype>(y - place.y()) * mask.width - place.x();
-        QRgb* row = raster.Row(y);
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            if (coverage[x] != 0) {
-                row[x] = Blend(row[x], colour, coverage[x]);
-            }
+    QRgb* corner = raster.pixels + place.y() * raster.stride + place.x();
+    if (raster.clip.contains(mask.box.translated(place))) {
+        for (const MaskPixel& pixel : mask.pixels) {
+            QRgb& target = corner[pixel.y * raster.stride + pixel.x];
+            target = Blend(target, colour, pixel.weight);
+        }
+        return;
+    }
+    for (const MaskPixel& pixel : mask.pixels) {
+        if (raster.clip.contains(place.x() + pixel.x, place.y() + pixel.y)) {
+            QRgb& target = corner[pixel.y * raster.stride + pixel.x];
+            target = Blend(target, colour, pixel.weight);
         }
     }
 }

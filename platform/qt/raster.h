@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QRect>
 #include <cstdint>
+#include <vector>
 
 /// Drawing without antialiasing straight into pixels. The toolkit's painter can do the same, at
 /// many times the cost for pictures made of thousands of small dots and short texts. All
@@ -30,11 +31,18 @@ struct Stroke {
     bool ColourAt(int way, QRgb& result) const;
 };
 
-/// Coverage of 0 to 255 a pixel, row by row.
+/// One pixel of a text: where it stands from the text's corner and how much of it the text covers,
+/// 1 to 256 parts of 256.
+struct MaskPixel {
+    std::int16_t x;
+    std::int16_t y;
+    std::uint32_t weight;
+};
+
+/// The pixels that a text covers, and the box around them.
 struct Mask {
-    int width = 0;
-    int height = 0;
-    const std::uint8_t* coverage = nullptr;
+    std::vector<MaskPixel> pixels;
+    QRect box;
 };
 
 Raster RasterOf(QImage& image);
@@ -56,7 +64,7 @@ struct LineRun {
 
 void DrawLineRun(const Raster& raster, const LineRun& run, const Stroke& stroke);
 
-/// Lays the colour over the pixels as the mask says, its corner at `place`.
+/// Lays the colour over the pixels as the mask says, the text's corner at `place`.
 void BlendMask(const Raster& raster, QPoint place, const Mask& mask, QRgb colour);
 
 /// Copies `box` of the target from `source`, whose pixel for the box's corner is `from`; parts

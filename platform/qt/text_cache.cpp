@@ -18,17 +18,23 @@ bool IsBitmapFace(const CString& face) {
     return face.empty() || face == "MS Sans Serif" || face == "MS Shell Dlg";
 }
 
-void TakeCoverage(const QImage& image, TextRun& run) {
-    run.width = image.width();
-    run.height = image.height();
-    run.coverage.reserve(static_cast<std::size_t>(run.width) *
-                         static_cast<std::size_t>(run.height));
-    for (int y = 0; y < run.height; ++y) {
+// `corner` is the text's corner in the image.
+Mask TakeMask(const QImage& image, QPoint corner) {
+    Mask mask;
+    for (int y = 0; y < image.height(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < run.width; ++x) {
-            run.coverage.push_back(static_cast<std::uint8_t>(qAlpha(row[x])));
+        for (int x = 0; x < image.width(); ++x) {
+            const auto alpha = static_cast<unsigned>(qAlpha(row[x]));
+            if (alpha == 0) {
+                continue;
+            }
+            const QPoint place = QPoint(x, y) - corner;
+            mask.pixels.push_back({static_cast<std::int16_t>(place.x()),
+                                   static_cast<std::int16_t>(place.y()), alpha + (alpha >> 7U)});
+            mask.box |= QRect(place, QSize(1, 1));
         }
     }
+    return mask;
 }
 
 }  // namespace
@@ -67,15 +73,19 @@ TextCache& TextCache::For(const CFont& font, qreal ratio) {
 }
 
 const TextRun& TextCache::Run(std::string_view text) {
-    const auto found = runs_.find(text);
-    if (found != runs_.end()) {
-        return found->second;
+    if (last_ != nullptr && last_->first == text) {
+        return last_->second;
     }
-    if (runs_.size() >= kMostRuns) {
-        runs_.clear();
+    auto found = runs_.find(text);
+    if (found == runs_.end()) {
+        if (runs_.size() >= kMostRuns) {
+            runs_.clear();
+        }
+        const CString key(text);
+        found = runs_.emplace(key, Draw(ToQt(key))).first;
     }
-    const CString key(text);
-    return runs_.emplace(key, Draw(ToQt(key))).first->second;
+    last_ = &*found;
+    return found->second;
 }
 
 TextRun TextCache::Draw(const QString& text) const {
@@ -97,8 +107,7 @@ TextRun TextCache::Draw(const QString& text) const {
     painter.setPen(Qt::white);
     painter.drawText(kMargin, kMargin + metrics.ascent(), text);
     painter.end();
-    run.offset = QPoint(-qRound(kMargin * ratio_), -qRound(kMargin * ratio_));
-    TakeCoverage(image, run);
+    run.mask = TakeMask(image, QPoint(qRound(kMargin * ratio_), qRound(kMargin * ratio_)));
     return run;
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QFont>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
+#include <utility>
 
 #include "platform/gdi.h"
 #include "platform/qt/raster.h"
@@ -18,15 +17,10 @@ QFont InterfaceFont();
 /// The toolkit's font for a description.
 QFont MakeFont(const CFont& font);
 
-/// A short text, drawn once and kept as coverage.
+/// A short text, drawn once.
 struct TextRun {
-    SIZE extent;    ///< Logical pixels: advance and cell height.
-    QPoint offset;  ///< Of the mask from the text's corner, device pixels.
-    int width = 0;  ///< Of the mask.
-    int height = 0;
-    std::vector<std::uint8_t> coverage;
-
-    Mask AsMask() const { return {width, height, coverage.data()}; }
+    SIZE extent;  ///< Logical pixels: advance and cell height.
+    Mask mask;    ///< Device pixels.
 };
 
 /// The texts of one font at one pixel ratio. The numbers of a full picture are drawn thousands of
@@ -52,6 +46,8 @@ private:
     CFont font_;
     qreal ratio_;
     std::unordered_map<std::string, TextRun, Hash, std::equal_to<>> runs_;
+    /// The text asked for last: it is measured before it is drawn.
+    const std::pair<const std::string, TextRun>* last_ = nullptr;
 };
 
 }  // namespace toolkit

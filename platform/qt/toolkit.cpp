@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/native.h"
+#include "platform/qt/accessible.h"
 #include "platform/qt/display_probe.h"
 #include "platform/qt/hooks_qt.h"
 #include "platform/qt/toolkit.h"
@@ -74,6 +75,7 @@ bool EnsureToolkit() {
         return false;
     }
     toolkit::InstallHooks();
+    toolkit::InstallVirtualItems();
     return true;
 }
 

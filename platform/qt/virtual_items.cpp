@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/native.h"
+#include "platform/qt/accessible.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/static_peers.h"
 
@@ -53,14 +54,17 @@ private:
 
 class PlaceInterface : public QAccessibleWidget {
 public:
-    explicit PlaceInterface(PlacePeer& place)
-        : QAccessibleWidget(&place, QAccessible::List), place_(place) {}
+    explicit PlaceInterface(PlacePeer& place) : QAccessibleWidget(&place), place_(place) {}
     PlaceInterface(const PlaceInterface&) = delete;
     PlaceInterface& operator=(const PlaceInterface&) = delete;
     ~PlaceInterface() override {
         for (const QAccessible::Id id : itemIds_) {
             QAccessible::deleteAccessibleInterface(id);
         }
+    }
+
+    QAccessible::Role role() const override {
+        return place_.HasVirtualItems() ? QAccessible::List : QAccessible::Client;
     }
 
     // A reader asks for the number before it walks the items; that is when they are fetched.
@@ -131,20 +135,23 @@ QRect ItemInterface::rect() const {
 
 QAccessibleInterface* MakePlaceInterface(const QString&, QObject* object) {
     auto* place = dynamic_cast<PlacePeer*>(object);
-    return place != nullptr && place->HasVirtualItems() ? new PlaceInterface(*place) : nullptr;
+    return place == nullptr ? nullptr : new PlaceInterface(*place);
 }
 
 }  // namespace
+
+// Before any window exists: the toolkit makes an interface when it first hears of a widget and
+// keeps it.
+void InstallVirtualItems() {
+    static const bool installed = (QAccessible::installFactory(&MakePlaceInterface), true);
+    static_cast<void>(installed);
+}
 
 }  // namespace toolkit
 
 namespace native {
 
 void SetVirtualItems(HWND window, std::function<std::vector<VirtualItem>()> provider) {
-    // Once a process, in front of the toolkit's own factories.
-    static const bool installed =
-        (QAccessible::installFactory(&toolkit::MakePlaceInterface), true);
-    static_cast<void>(installed);
     if (auto* place = toolkit::PeerAs<toolkit::PlacePeer>(window)) {
         place->SetVirtualItems(std::move(provider));
     }
