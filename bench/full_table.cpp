@@ -41,4 +41,6 @@ C3DEventData FullTable() {
     return table;
 }
 
-void StoreFullTable(CQelCPB_3DPattern& pattern) { FullTable().StoreToPattern(&pattern, "Full"); }
+void StoreFullTable(CQelCPB_3DPattern& pattern) {
+    FullTable().StoreToPattern(&pattern, "Full");
+}

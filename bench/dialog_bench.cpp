@@ -1,0 +1,84 @@
+// What the editor dialog costs at a full table, on the offscreen platform.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QWidget>
+#include <functional>
+
+#include "bench/full_table.h"
+#include "dialog/orbix_main_dlg.h"
+#include "link/smw_manager.h"
+#include "params/param_block.h"
+
+namespace {
+
+constexpr WPARAM kAdd = 4031;
+constexpr WPARAM kUndo = 4003;
+
+// Shows the dialog, paints it, runs `inside`, closes it.
+class BenchDialog : public COrbixMainDlg {
+public:
+    BenchDialog(CQelCPB_3DPattern& pattern, CZurSMWMan& link)
+        : COrbixMainDlg(nullptr, &pattern, nullptr, nullptr, link, nullptr, 0, 0, 0, true, "", "") {
+    }
+
+    void Run(const std::function<void(QWidget&)>& inside) {
+        QMetaObject::invokeMethod(
+            qApp,
+            [this, &inside] {
+                QWidget& window = *QApplication::activeModalWidget();
+                window.repaint();
+                inside(window);
+                EndDialog(IDCANCEL);
+            },
+            Qt::QueuedConnection);
+        DoModal();
+    }
+};
+
+QApplication& Application() {
+    static int argc = 1;
+    static char name[] = "bench";
+    static char* argv[] = {name, nullptr};
+    static QApplication application(argc, argv);
+    return application;
+}
+
+void OpenPaintAndClose(benchmark::State& state) {
+    Application();
+    CQelCPB_3DPattern pattern;
+    if (state.range(0) != 0) {
+        StoreFullTable(pattern);
+    }
+    CZurSMWMan link;
+    for (auto _ : state) {
+        BenchDialog dialog(pattern, link);
+        dialog.Run([](QWidget&) {});
+    }
+}
+BENCHMARK(OpenPaintAndClose)->ArgName("full")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// From the click on Add to the painted list and planes; taken back outside the measurement.
+void ClickAddToPainted(benchmark::State& state) {
+    Application();
+    C3DEventData table = FullTable();
+    table.RemoveEvent(table.CountEvents(-1) - 1);
+    CQelCPB_3DPattern pattern;
+    table.StoreToPattern(&pattern, "Full");
+    CZurSMWMan link;
+    BenchDialog dialog(pattern, link);
+    dialog.Run([&](QWidget& window) {
+        for (auto _ : state) {
+            dialog.SendMessage(WM_COMMAND, kAdd);
+            window.repaint();
+            state.PauseTiming();
+            dialog.SendMessage(WM_COMMAND, kUndo);
+            window.repaint();
+            state.ResumeTiming();
+        }
+    });
+}
+BENCHMARK(ClickAddToPainted)->Unit(benchmark::kMillisecond);
+
+}  // namespace

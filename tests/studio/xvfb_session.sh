@@ -1,0 +1,58 @@
+#!/usr/bin/env bash
+# Drives the real window on a virtual display: a drag given up with Esc, a drag, tabbing and
+# typing, a button held down, Add and OK; then looks at what stands in the file.
+#     xvfb_session.sh STUDIO COMMAND_LINE PATTERN
+set -euo pipefail
+
+if [ -z "${ORBIX_INNER:-}" ]; then
+    export ORBIX_INNER=1
+    exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+fi
+
+studio=$1
+orbix=$2
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+export XDG_RUNTIME_DIR=$scratch XDG_CONFIG_HOME=$scratch XDG_DATA_HOME=$scratch
+export QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=1
+file=$scratch/work.3dp
+cp "$3" "$file"
+
+fail() { echo "FAILED: $1" >&2; "$orbix" show "$file" >&2; exit 1; }
+
+"$studio" "$file" &
+program=$!
+window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orbix$' | head -1)
+xdotool windowmove --sync "$window" 20 20 windowfocus --sync "$window"
+
+# Places in the client area: the dot of ID 0 at measure 1, beat 3 (0.80 m to the right), and one
+# 40 pixels nearer to the listener.
+at() { xdotool mousemove --window "$window" "$1" "$2"; }
+click() { at "$1" "$2"; xdotool click 1; }
+dot="617 129"
+nearer="577 129"
+
+# shellcheck disable=SC2086
+{
+    at $dot; xdotool mousedown 1; at 597 140; at 520 60
+    xdotool key Escape mouseup 1
+
+    at $dot; xdotool mousedown 1; at 597 129; at $nearer; xdotool mouseup 1
+}
+
+# From the list on: the name comes next in tab order.
+click 100 150
+xdotool key Tab key ctrl+a type Driven
+xdotool key Tab
+
+# The ">" of the azimuth, held for some steps; then the position becomes a new event.
+at 297 494
+xdotool mousedown 1 sleep 1.2 mouseup 1
+click 365 384
+click 561 568
+
+wait "$program" || fail "the studio ended with $?"
+"$orbix" info "$file" | grep -q '^Name: *Driven$' || fail "the name was not typed"
+"$orbix" info "$file" | grep -q '^Events: *50 ' || fail "the held position was not added"
+"$orbix" show "$file" | grep -Eq '^ +1 +3 +0 +ID 0 +0\.45 +90 +0 ' || fail "the dot was not dragged"
+echo "the session on the virtual display went well"
