@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QMessageBox>
+#include <csignal>
 #include <cstdio>
 
 #include "platform/hooks.h"
@@ -57,6 +58,8 @@ int main(int argc, char** argv) {
     if (!options) {
         return exitCode;
     }
+    // A file size limit shows as a failed write, which can be told to the user.
+    std::signal(SIGXFSZ, SIG_IGN);
     PrepareToolkit(*options);
     if (!HasDisplay()) {
         std::fputs("orbix-studio: no display; --render OUT.png draws without one\n", stderr);

@@ -25,10 +25,10 @@ std::string AskForName() {
 Choice AskWhatNext(const std::string& text, bool canTryAgain) {
     QMessageBox box(QMessageBox::Warning, QObject::tr("Orbix"), QString::fromStdString(text));
     const QAbstractButton* again =
-        canTryAgain ? box.addButton(QObject::tr("Try Again"), QMessageBox::AcceptRole) : nullptr;
-    QPushButton* other = box.addButton(QObject::tr("Save As..."), QMessageBox::AcceptRole);
+        canTryAgain ? box.addButton(QObject::tr("&Try Again"), QMessageBox::AcceptRole) : nullptr;
+    QPushButton* other = box.addButton(QObject::tr("&Save As..."), QMessageBox::AcceptRole);
     const QAbstractButton* discard =
-        box.addButton(QObject::tr("Discard Changes"), QMessageBox::DestructiveRole);
+        box.addButton(QObject::tr("&Discard Changes"), QMessageBox::DestructiveRole);
     box.setDefaultButton(other);
     box.setEscapeButton(other);
     box.exec();

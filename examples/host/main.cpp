@@ -9,8 +9,10 @@
 
 #include "dialog/orbix_main_dlg.h"
 #include "link/smw_manager.h"
+#include "params/param_block.h"
 #include "params/pattern_block.h"
 #include "params/position_block.h"
+#include "platform/hooks.h"
 
 namespace {
 

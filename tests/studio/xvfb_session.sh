@@ -20,10 +20,18 @@ cp "$3" "$file"
 
 fail() { echo "FAILED: $1" >&2; "$orbix" show "$file" >&2; exit 1; }
 
-"$studio" "$file" &
-program=$!
-window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Orbix$' | head -1)
-xdotool windowmove --sync "$window" 20 20 windowfocus --sync "$window"
+# The window of a program, with the keyboard.
+window_of() {
+    local found
+    found=$(timeout 60 xdotool search --sync --onlyvisible --pid "$1" | tail -1)
+    xdotool windowfocus --sync "$found"
+    echo "$found"
+}
+expect_code() {
+    local code=0
+    wait "$1" || code=$?
+    [ "$code" = "$2" ] || fail "$3: exit code $code, not $2"
+}
 
 # Places in the client area: the dot of ID 0 at measure 1, beat 3 (0.80 m to the right), and one
 # 40 pixels nearer to the listener.
@@ -31,6 +39,20 @@ at() { xdotool mousemove --window "$window" "$1" "$2"; }
 click() { at "$1" "$2"; xdotool click 1; }
 dot="617 129"
 nearer="577 129"
+
+# --- a session, with a second editor that is refused meanwhile -----------------------------------
+
+"$studio" "$file" &
+program=$!
+window=$(window_of $program)
+xdotool windowmove --sync "$window" 20 20
+
+"$studio" &
+second=$!
+window_of $second >/dev/null
+xdotool key Return
+expect_code $second 255 "the second editor"
+xdotool windowfocus --sync "$window"
 
 # shellcheck disable=SC2086
 {
@@ -51,8 +73,27 @@ xdotool mousedown 1 sleep 1.2 mouseup 1
 click 365 384
 click 561 568
 
-wait "$program" || fail "the studio ended with $?"
+expect_code $program 0 "the studio"
 "$orbix" info "$file" | grep -q '^Name: *Driven$' || fail "the name was not typed"
 "$orbix" info "$file" | grep -q '^Events: *50 ' || fail "the held position was not added"
 "$orbix" show "$file" | grep -Eq '^ +1 +3 +0 +ID 0 +0\.45 +90 +0 ' || fail "the dot was not dragged"
-echo "the session on the virtual display went well"
+
+# --- a save that fails: the folder is gone; then it is there again -------------------------------
+
+mkdir "$scratch/gone"
+cp "$file" "$scratch/gone/work.3dp"
+"$studio" "$scratch/gone/work.3dp" &
+program=$!
+window=$(window_of $program)
+click 100 150
+xdotool key Tab key ctrl+a type Again
+rm -r "$scratch/gone"
+click 561 568
+box=$(window_of $program)
+while [ "$box" = "$window" ]; do box=$(window_of $program); done
+mkdir "$scratch/gone"
+xdotool key alt+t
+expect_code $program 0 "the second try to save"
+"$orbix" info "$scratch/gone/work.3dp" | grep -q '^Name: *Again$' || fail "the edit was lost"
+
+echo "the sessions on the virtual display went well"
