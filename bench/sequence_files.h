@@ -2,12 +2,10 @@
 
 #include <cstdint>
 #include <random>
-#include <string>
 #include <vector>
 
 /// What a made Standard MIDI File is like.
 struct MadeFile {
-    std::string name;
     std::size_t bytes;       ///< about; the file is a little longer
     int tracks;              ///< 1 gives format 0
     int systemExclusiveMax;  ///< longest system exclusive payload

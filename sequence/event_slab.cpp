@@ -1,0 +1,116 @@
+#include "sequence/event_slab.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <mutex>
+#include <new>
+#include <utility>
+#include <vector>
+
+#ifdef ORBIX_PLAIN_SLOTS
+
+EventSlotTake::EventSlotTake() = default;
+
+EventSlotTake::~EventSlotTake() = default;
+
+EventSlotRun EventSlotTake::NewRun() {
+    auto* const slot = static_cast<std::byte*>(::operator new(kEventSlot));
+    return {slot, slot + kEventSlot};
+}
+
+void ReturnEventSlots(void* slot, std::uint32_t count) {
+    if (count > 0)
+        ::operator delete(slot);
+}
+
+#else
+
+namespace {
+
+// A little shorter than its alignment, so that slabs stand without gaps in the heap, which needs a
+// word for each. The aligned form of `operator new` would round the length up again.
+constexpr std::size_t kSlabBytes = kEventSlab - 16;
+constexpr std::uint32_t kSlots = (kSlabBytes - kEventSlot) / kEventSlot;
+
+/// The head of a slab, in the place of a slot.
+struct Slab {
+    std::atomic<std::uint32_t> held;  ///< slots that were not given back, handed out or not
+};
+
+/// The empty slabs. Never destroyed: events of static duration may come back last of all.
+class Spares {
+public:
+    Slab* Take() {
+        void* slab = Pop();
+        if (!slab)
+            slab = std::aligned_alloc(kEventSlab, kSlabBytes);
+        if (!slab)
+            throw std::bad_alloc();
+        return new (slab) Slab{kSlots};
+    }
+
+    void Keep(Slab* slab) {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_slabs.size() < kSpareBytes / kEventSlab) {
+                m_slabs.push_back(slab);
+                return;
+            }
+        }
+        std::free(slab);
+    }
+
+private:
+    void* Pop() {
+        const std::lock_guard lock(m_mutex);
+        if (m_slabs.empty())
+            return nullptr;
+        void* const slab = m_slabs.back();
+        m_slabs.pop_back();
+        return slab;
+    }
+
+    std::mutex m_mutex;
+    std::vector<void*> m_slabs;
+};
+
+Spares& AllSpares() {
+    static auto* const spares = new Spares;
+    return *spares;
+}
+
+void ReleaseRest(const EventSlotRun& run) {
+    ReturnEventSlots(run.next, static_cast<std::uint32_t>((run.end - run.next) / kEventSlot));
+}
+
+/// What is left of the slab that a thread hands out from; goes back with the thread.
+struct ThreadRun {
+    EventSlotRun run;
+
+    EventSlotRun Exchange(const EventSlotRun& other) { return std::exchange(run, other); }
+    ~ThreadRun() { ReleaseRest(Exchange({})); }
+};
+
+thread_local ThreadRun t_run;
+
+}  // namespace
+
+EventSlotTake::EventSlotTake() : m_run(t_run.Exchange({})) {}
+
+EventSlotTake::~EventSlotTake() {
+    ReleaseRest(t_run.Exchange(m_run));
+}
+
+EventSlotRun EventSlotTake::NewRun() {
+    auto* const first = reinterpret_cast<std::byte*>(AllSpares().Take()) + kEventSlot;
+    return {first, first + kSlots * kEventSlot};
+}
+
+void ReturnEventSlots(void* slot, std::uint32_t count) {
+    const auto address = reinterpret_cast<std::uintptr_t>(slot);
+    auto* const slab = reinterpret_cast<Slab*>(address - address % kEventSlab);
+    if (count > 0 && slab->held.fetch_sub(count, std::memory_order_acq_rel) == count)
+        AllSpares().Keep(slab);
+}
+
+#endif

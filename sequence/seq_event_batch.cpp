@@ -1,0 +1,74 @@
+#include "sequence/seq_event_batch.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+/// Takes a quantity of at most four bytes from memory; `at` is null for a longer one.
+std::uint32_t TakeQuantity(const std::uint8_t*& at) {
+    std::uint32_t value = *at & 0x7FU;
+    for (int count = 1; *at++ & 0x80U; ++count) {
+        if (count == 4) {
+            at = nullptr;
+            return 0;
+        }
+        value = value << 7 | (*at & 0x7FU);
+    }
+    return value;
+}
+
+}  // namespace
+
+CZurSeqEvent* SeqEventBatch::ParseRare(EventSlotTake& slots, const std::uint8_t*& at,
+                                       const std::uint8_t* end, std::uint8_t& status) {
+    const std::uint8_t* next = at;
+    const std::uint32_t delta = TakeQuantity(next);
+    if (!next)
+        return nullptr;
+    const std::uint8_t newStatus = *next & 0x80U ? *next++ : status;
+    if (newStatus < 0x80)
+        return nullptr;
+    std::array<std::uint8_t, 6> head{newStatus, *next};
+    std::uint32_t headLength = newStatus == 0xFF ? 2 : 1;
+    next += headLength - 1;
+    std::uint32_t size = newStatus >> 5 == 6 ? 1 : 2;
+    if (newStatus >= 0xF0) {
+        size = TakeQuantity(next);
+        if (!next)
+            return nullptr;
+        headLength += EncodeVarLen(size, head.data() + headLength);
+    }
+    if (next > end || size > end - next)
+        return nullptr;
+    std::unique_ptr<CZurSeqEvent> event(::new (slots.Take()) CZurSeqEvent);
+    event->m_data = event->Allocate(headLength + size);
+    event->m_length = headLength + size;
+    event->m_delta = delta;
+    std::copy_n(next, size, std::copy_n(head.data(), headLength, event->m_data));
+    at = next + size;
+    status = newStatus;
+    return event.release();
+}
+
+// What `delete` does for each, but neighbours in memory go back to their slab in one step.
+void SeqEventBatch::DestroyAll(std::vector<CZurSeqEvent*>& events) {
+    void* run = nullptr;
+    std::uint32_t count = 0;
+    for (CZurSeqEvent* const event : events) {
+        if (!IsPlain(*event)) {
+            delete event;
+            continue;
+        }
+        if (event->m_data != event->m_inline.data())
+            delete[] event->m_data;
+        if (!InOneSlab(event, run)) {
+            ReturnEventSlots(run, count);
+            run = event;
+            count = 0;
+        }
+        ++count;
+    }
+    ReturnEventSlots(run, count);
+    events.clear();
+}

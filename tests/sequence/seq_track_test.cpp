@@ -1,0 +1,220 @@
+#include "sequence/seq_track.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "sequence/seq_codes.h"
+#include "tests/sequence/tracks.h"
+
+namespace {
+
+TEST(SeqTrack, ChunkBytes) {
+    EXPECT_EQ(BytesOf(CZurSeqTrack()), Hex("4D 54 72 6B 00 00 00 00"));
+    EXPECT_EQ(BytesOf(TrackOf("0 FF 2F 00")), Hex("4D 54 72 6B 00 00 00 04 00 FF 2F 00"));
+    EXPECT_EQ(BytesOf(TrackOf("1 90 3C 40; 200 3C")),
+              Hex("4D 54 72 6B 00 00 00 07 01 90 3C 40 81 48 3C"));
+    std::string tag;
+    CZurSeqTrack(0x58464948).GetChunkTag(tag);
+    EXPECT_EQ(tag, "XFIH");
+}
+
+TEST(SeqTrack, ReadAppendsAndKeepsWhatItGot) {
+    std::strstream stream;
+    Put(stream, Hex("4D 54 72 6B 00 00 00 09 00 90 3C 40 05 3E 40 00"));
+    CZurSeqTrack track = TrackOf("7 C0 01");
+    EXPECT_EQ(CodeOf([&] { track.Read(stream); }), kSeqBadTrackEvents);
+    EXPECT_EQ(Text(track), "7:C001 0:903C40 5:903E40");
+    std::strstream other;
+    Put(other, Hex("4D 54 68 64 00 00 00 00"));
+    EXPECT_EQ(CodeOf([&] { CZurSeqTrack{other}; }), kSeqNoTrackTag);
+}
+
+TEST(SeqTrack, InsertEventAtTime) {
+    struct Case {
+        const char* before;
+        std::uint32_t tick;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"0 01; 100 02; 0 FF 2F 00", 50, "0:01 50:AA 50:02 0:FF2F00"},
+        {"0 01; 100 02; 0 FF 2F 00", 100, "0:01 100:02 0:AA 0:FF2F00"},
+        {"0 01; 100 02; 5 03", 100, "0:01 100:02 0:AA 5:03"},
+        {"100 FF 2F 00", 200, "200:AA 0:FF2F00"},
+        {"100 FF 2F 00", 30, "30:AA 70:FF2F00"},
+        {"", 7, "7:AA"},
+        {"10 01", 10, "10:01 0:AA"},  // no end marker: no other tick may change
+        {"10 01", 25, "10:01 15:AA"},
+        {"10 FF 2F 00; 5 01", 12,
+         "10:FF2F00 2:AA 3:01"},  // a marker inside is an event like others
+    };
+    for (const Case& each : cases) {
+        CZurSeqTrack track = TrackOf(each.before);
+        track.InsertEventAtTime(each.tick, nullptr);
+        track.InsertEventAtTime(each.tick, NewEvent("AA", 999));
+        EXPECT_EQ(Text(track), each.after);
+    }
+}
+
+TEST(SeqTrack, NumbersCountFromOne) {
+    CZurSeqTrack track = TrackOf("1 01; 2 02");
+    track.InsertEvent(0, NewEvent("03", 3));
+    track.InsertEvent(4, NewEvent("04", 4));
+    track.InsertEvent(1, NewEvent("00"));
+    track.InsertEvent(1, nullptr);
+    EXPECT_EQ(Text(track), "0:00 1:01 2:02 3:03 4:04");
+    CZurSeqEvent* event = nullptr;
+    EXPECT_FALSE(track.GetEvent(0, event));
+    EXPECT_FALSE(track.GetEvent(6, event));
+    EXPECT_EQ(event, nullptr);
+    ASSERT_TRUE(track.GetEvent(4, event));
+    EXPECT_EQ(track.GetEventIndex(event), 4U);
+    EXPECT_EQ(track.GetEventIndex(nullptr), 0U);
+    EXPECT_EQ(track.GetElapsedTime(0), 0U);
+    EXPECT_EQ(track.GetElapsedTime(4), 6U);
+    EXPECT_EQ(track.GetElapsedTime(10), 10U);
+}
+
+TEST(SeqTrack, RemovalKeepsTheTicksBehind) {
+    CZurSeqTrack track = TrackOf("1 01; 2 02; 4 03; 8 04");
+    track.RemoveEventAt(0, true);
+    track.RemoveEventAt(5, true);
+    track.RemoveEvent(nullptr, true);
+    track.RemoveEventAt(4, true);
+    EXPECT_EQ(Text(track), "1:01 2:02 4:03");
+    CZurSeqEvent* event = nullptr;
+    track.GetEvent(1, event);
+    track.RemoveEvent(event, false);
+    EXPECT_EQ(Text(track), "3:02 4:03");
+    track.RemoveEvent(event, true);  // no longer in the track
+    EXPECT_EQ(event->GetDelta(), 1U);
+    delete event;
+}
+
+TEST(SeqTrack, FindsByTimeAndByBytes) {
+    const CZurSeqTrack track = TrackOf("0 90; 0 FF 03 01 41; 5 90 3C 40; 0 90 3C; 2 FF 03 00");
+    const std::unique_ptr<CZurSeqEvent> key(NewEvent("90 3C", 77));
+    EXPECT_EQ(track.FindEvent(5, key.get()), 3U);
+    EXPECT_EQ(track.FindEvent(0, key.get()), 0U);
+    EXPECT_EQ(track.FindEvent(5, nullptr), 0U);
+    const CZurSeqEvent empty;
+    EXPECT_EQ(track.FindEvent(5, &empty), 0U);
+    EXPECT_EQ(track.GetEventIndex(track.GetNameEvent()), 2U);
+    EXPECT_EQ(TrackOf("0 90 3C 40").GetNameEvent(), nullptr);
+    CZurSeqEvent* event = nullptr;
+    EXPECT_FALSE(track.FindEventByBytes({{0, 0x90}}, event, 1));
+    EXPECT_FALSE(track.FindEventByBytes({{0, 0xAA}}, event, 0));
+    EXPECT_EQ(event, nullptr);
+    EXPECT_TRUE(track.FindEventByBytes({{0, 0x90}, {1, 0x3C}}, event, 0));
+    EXPECT_EQ(track.GetEventIndex(event), 1U);  // position 1 lies outside the first
+    EXPECT_TRUE(track.FindFirstNoteOn(event));
+    EXPECT_EQ(track.GetEventIndex(event), 1U);
+}
+
+TEST(SeqTrack, LocateTime) {
+    const CZurSeqTrack track = TrackOf("10 01; 10 02; 10 03");
+    const std::array<std::uint32_t, 4> cases[] = {{15, 0, 10, 1}, {30, 0, 30, 3}, {20, 2, 20, 1},
+                                                  {20, 1, 20, 2}, {9, 0, 0, 0},   {99, 0, 30, 3},
+                                                  {30, 9, 30, 3}, {30, 3, 30, 2}};
+    for (const auto& [tick, given, expectedTime, expectedIndex] : cases) {
+        std::uint32_t index = given;
+        std::uint32_t time = 0;
+        track.LocateTime(tick, time, index);
+        EXPECT_EQ(std::tie(time, index), std::tie(expectedTime, expectedIndex)) << tick;
+    }
+}
+
+TEST(SeqTrack, RescaleCarriesTheError) {
+    CZurSeqTrack track = TrackOf("1 01; 1 02; 1 03");
+    track.Rescale(480, 240);
+    EXPECT_EQ(Text(track), "0:01 1:02 0:03");
+    track = TrackOf("1 01; 1 02; 4294967295 03");
+    track.Rescale(2, 5);
+    EXPECT_EQ(Text(track), "2:01 3:02 4294967295:03");
+    track.Rescale(0, 5);
+    EXPECT_EQ(Text(track), "2:01 3:02 4294967295:03");
+}
+
+TEST(SeqTrack, SortIsStableAndCountsFromZero) {
+    const auto byStatus = [](const CZurSeqEvent* a, const CZurSeqEvent* b) {
+        return a->GetData()[0] < b->GetData()[0];
+    };
+    const auto sorted = [&](std::uint32_t first, std::uint32_t last) {
+        CZurSeqTrack track = TrackOf("1 03; 2 02 01; 3 02 02; 4 01");
+        track.SortEvents(byStatus, first, last);
+        track.SortEvents(nullptr, 0, 0);
+        return Text(track);
+    };
+    EXPECT_EQ(sorted(0, 0), "4:01 2:0201 3:0202 1:03");
+    EXPECT_EQ(sorted(0, 3), "2:0201 3:0202 1:03 4:01");
+    EXPECT_EQ(sorted(2, 99), "1:03 2:0201 4:01 3:0202");
+    EXPECT_EQ(sorted(3, 2), "1:03 2:0201 3:0202 4:01");
+}
+
+TEST(SeqTrack, CopiesAreDeepAndMarksStayBehind) {
+    CZurSeqTrack track = TrackOf("1 01; 2 02");
+    CZurSeqEvent* event = nullptr;
+    track.GetEvent(2, event);
+    event->SetMarked(1);
+    EXPECT_TRUE(track.HasMarkedEvents());
+    CZurSeqTrack copy(0x41424344);
+    copy = track;
+    EXPECT_FALSE(copy.HasMarkedEvents());
+    EXPECT_EQ(copy.GetEventIndex(event), 0U);
+    track.ClearMarks();
+    EXPECT_FALSE(track.HasMarkedEvents());
+    CZurSeqTrack& self = copy;
+    copy = self;
+    EXPECT_EQ(BytesOf(copy), BytesOf(track));
+}
+
+TEST(SeqTrack, CountNoteLayers) {
+    // Three notes of one key that overlap, and one of another key and channel between.
+    const CZurSeqTrack track = TrackOf(
+        "0 FF 03 00; 0 90 3C 40; 0 91 3C 40; 0 90 3C 41; 0 90 3E 40; 0 90 3C 42; 0 80 3C 00;"
+        "0 90 3C 00; 0 81 3C 00; 0 90 3C 43; 0 80 3C 00; 0 90");
+    const std::array<int, 4> cases[] = {// number, found, count in, count out
+                                        {1, 1, 5, 0},  {2, 1, 5, 5},  {4, 1, 5, 6},
+                                        {6, 1, 0, 1},  {5, 0, 3, 3},  {10, 1, 0, 2},
+                                        {12, 0, 3, 3}, {13, 0, 3, 3}, {0, 0, 3, 3}};
+    for (const auto& [number, found, given, expected] : cases) {
+        auto count = static_cast<std::uint32_t>(given);
+        EXPECT_EQ(CountNoteLayers(&track, static_cast<std::uint32_t>(number), count), found == 1);
+        EXPECT_EQ(count, static_cast<std::uint32_t>(expected)) << number;
+    }
+    std::uint32_t count = 3;
+    EXPECT_FALSE(CountNoteLayers(nullptr, 1, count));
+    EXPECT_EQ(count, 3U);
+    // The walk back ends at event 1, which sets the count to 0.
+    const CZurSeqTrack first = TrackOf("0 90 3C 40; 0 80 3C 00; 0 90 3C 40; 0 80 3C 00");
+    EXPECT_TRUE(CountNoteLayers(&first, 3, count));
+    EXPECT_EQ(count, 0U);
+}
+
+/// Absolute ticks and bytes: what insertion by time and removal must keep for all others.
+using Moments = std::vector<std::pair<std::uint32_t, std::uint8_t>>;
+
+RC_GTEST_PROP(SeqTrack, InsertionsAndRemovalsKeepAllOtherTicks,
+              (const std::vector<std::pair<std::uint8_t, std::uint8_t>>& steps)) {
+    CZurSeqTrack track;
+    Moments expected;
+    std::uint8_t serial = 0;
+    for (const auto& [what, tick] : steps) {
+        if (what % 4 == 0 && !expected.empty()) {
+            const std::size_t position = tick % expected.size();
+            track.RemoveEventAt(static_cast<std::uint32_t>(position) + 1, true);
+            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(position));
+        } else {
+            track.InsertEventAtTime(tick, new CZurSeqEvent(0, 1, &++serial));
+            const auto behind = std::find_if(expected.begin(), expected.end(),
+                                             [&](const auto& each) { return each.first > tick; });
+            expected.insert(behind, {tick, serial});
+        }
+        Moments actual;
+        CZurSeqEvent* event = nullptr;
+        for (std::uint32_t number = 1; track.GetEvent(number, event); ++number)
+            actual.emplace_back(track.GetElapsedTime(number), *event->GetData());
+        RC_ASSERT(actual == expected);
+    }
+}
+
+}  // namespace

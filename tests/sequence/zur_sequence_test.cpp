@@ -1,0 +1,288 @@
+#include "sequence/zur_sequence.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "sequence/seq_codes.h"
+#include "tests/sequence/tracks.h"
+
+namespace {
+
+constexpr std::uint32_t kNoTime = 0xFFFFFFFF;
+
+/// Slot of each virtual operation in the class's table; the destructor takes slots 0 and 1.
+template <typename... Operations>
+std::vector<std::uintptr_t> SlotsOf(Operations... operations) {
+    const auto slot = [](auto operation) {
+        std::uintptr_t words[2];
+        static_assert(sizeof operation == sizeof words);
+        std::memcpy(words, &operation, sizeof words);
+        return words[0] / sizeof(void*);  // offset plus 1
+    };
+    return {slot(operations)...};
+}
+
+std::vector<std::uintptr_t> SlotsFrom2To(std::uintptr_t last) {
+    std::vector<std::uintptr_t> slots;
+    for (std::uintptr_t slot = 2; slot <= last; ++slot)
+        slots.push_back(slot);
+    return slots;
+}
+
+TEST(VirtualOrder, IsPartOfTheClasses) {
+    using E = CZurSeqEvent;
+    EXPECT_EQ(
+        SlotsOf(&E::GetKind, &E::Save, &E::GetDelta, &E::SetDelta, &E::GetLength, &E::GetData,
+                &E::SetData, &E::CopyData, &E::RemoveDataByte, &E::InsertDataByte, &E::Dump,
+                &E::Read, &E::Write, &E::SetMarked, &E::IsMarked, &E::MatchesBytes, &E::IsEqual),
+        SlotsFrom2To(18));
+    using T = CZurSeqTrack;
+    EXPECT_EQ(
+        SlotsOf(&T::GetChunkTag, &T::GetEventCount, &T::InsertEvent, &T::InsertEventAtTime,
+                &T::RemoveEvent, &T::RemoveEventAt, &T::GetEvent, &T::FindEvent, &T::GetEventIndex,
+                &T::FindEventByBytes, &T::GetNameEvent, &T::LocateTime, &T::GetElapsedTime,
+                &T::Dump, &T::Read, &T::Write, &T::HasMarkedEvents, &T::ClearMarks),
+        SlotsFrom2To(19));
+    using S = CZurSequence;
+    EXPECT_EQ(SlotsOf(&S::Load, &S::Save, &S::GetFormat, &S::SetFormat, &S::GetDivision,
+                      &S::SetDivision, &S::GetTrackCount, &S::InsertTrack, &S::DeleteTrack,
+                      &S::Clear, &S::Reserved12, &S::GetTrack, &S::GetTrackIndex, &S::Reserved15,
+                      &S::InsertEvent, &S::AddEvent, &S::InsertEventAtTime, &S::RemoveEvent,
+                      &S::RemoveEventAt, &S::MoveEvent, &S::MoveEventAt, &S::GetTrackEvent,
+                      &S::GetEventTime, &S::GetLastMeasure, &S::GetTicksPerMeasure,
+                      &S::GetTimeSignatures, &S::GetTimeSignatureAt, &S::GetTempos, &S::Reserved30,
+                      &S::GetEndTime, &S::GetNoteEndTime, &S::HasMarkedEvents, &S::ClearMarks,
+                      &S::Dump, &S::Read, &S::Write, &S::Init, &S::CopyFrom, &S::FreeTracks),
+              SlotsFrom2To(40));
+}
+
+TEST(Sequence, WritesItsHeader) {
+    EXPECT_EQ(BytesOf(CZurSequence()), Hex("4D 54 68 64 00 00 00 06 00 00 00 00 01 E0"));
+    EXPECT_EQ(BytesOf(SequenceOf(96, {"", "0 FF 2F 00"})),
+              Hex("4D 54 68 64 00 00 00 06 00 01 00 02 00 60 4D 54 72 6B 00 00 00 00 "
+                  "4D 54 72 6B 00 00 00 04 00 FF 2F 00"));
+    EXPECT_EQ(DumpOf(SequenceOf(480, {"96 90 3C 07"})),
+              "Format:1\rResolution:480\rTrack:0\r96\t\t90 3C 07 \r");
+    const std::vector<std::string> eleven(11);
+    EXPECT_NE(DumpOf(SequenceOf(480, eleven)).find("Track:9\rTrack:10\r"), std::string::npos);
+}
+
+TEST(Sequence, LoadReplacesReadAppendsAndFailuresLeaveWhatWasRead) {
+    const ByteVector good = BytesOf(SequenceOf(96, {"0 C0 01", "0 FF 2F 00"}));
+    ByteVector broken = good;
+    broken.back() = 1;  // a payload of one byte that is not there
+    CZurSequence sequence = SequenceOf(50, {"0 C0 07"});
+    const auto run = [&](const ByteVector& bytes, auto operation) {
+        std::strstream stream;
+        Put(stream, bytes);
+        return CodeOf([&] { (sequence.*operation)(stream); });
+    };
+    EXPECT_EQ(run(good, &CZurSequence::Read), 0);
+    EXPECT_EQ(TrackText(sequence, 1) + " " + TrackText(sequence, 2), "0:C007 0:C001");
+    EXPECT_EQ(run(broken, &CZurSequence::Load), kSeqBadTrackEvents);
+    EXPECT_EQ(sequence.GetTrackCount(), 1);
+    EXPECT_EQ(sequence.GetDivision(), 96);
+    EXPECT_EQ(run(Hex("4D 54 68 64 00 00 00 06 00 01 00 02 E2 50"), &CZurSequence::Load),
+              kSeqBadDivision);
+    EXPECT_EQ(sequence.GetFormat(), 1);
+    EXPECT_EQ(sequence.GetDivision(), static_cast<std::int16_t>(0xE250));
+    EXPECT_EQ(run(good, &CZurSequence::Load), 0);
+    EXPECT_EQ(BytesOf(sequence), good);
+}
+
+TEST(Sequence, TrackNumbersAndCopies) {
+    CZurSequence sequence = SequenceOf(480, {"1 01", "2 02"});
+    sequence.InsertTrack(0, new CZurSeqTrack(TrackOf("3 03")));
+    sequence.InsertTrack(1, new CZurSeqTrack);
+    sequence.InsertTrack(1, nullptr);
+    sequence.DeleteTrack(5);
+    sequence.DeleteTrack(0);
+    EXPECT_EQ(sequence.GetTrackCount(), 4);
+    EXPECT_EQ(TrackText(sequence, 1) + TrackText(sequence, 4), "3:03");
+    CZurSeqTrack* track = nullptr;
+    for (const int number : {0, -1, 5})
+        EXPECT_FALSE(sequence.GetTrack(number, track));
+    EXPECT_EQ(track, nullptr);
+    ASSERT_TRUE(sequence.GetTrack(3, track));
+    EXPECT_EQ(sequence.GetTrackIndex(track), 3);
+    EXPECT_EQ(sequence.GetTrackIndex(nullptr), 0);
+    sequence.DeleteTrack(1);
+    const CZurSequence copy(sequence);
+    sequence.CopyFrom(sequence);
+    EXPECT_EQ(sequence.GetTrackCount(), 6);
+    sequence = copy;
+    EXPECT_EQ(BytesOf(sequence), BytesOf(copy));
+    sequence.SetFormat(0).SetDivision(7).Init();
+    EXPECT_EQ(sequence.GetDivision(), 480);
+    EXPECT_EQ(sequence.GetTrackCount(), 3);
+    sequence.Clear();
+    EXPECT_EQ(sequence.GetTrackCount(), 0);
+}
+
+TEST(Sequence, EventOperationsGoToTheirTrack) {
+    CZurSequence sequence = SequenceOf(480, {"5 01", "9 FF 2F 00"});
+    CZurSeqEvent* event = NewEvent("02", 1);
+    for (const int track : {0, 3}) {
+        sequence.InsertEvent(track, 1, event);  // no such track: the caller keeps the event
+        sequence.InsertEventAtTime(track, 1, event);
+        sequence.AddEvent(track, {1, 1, 0}, event);
+        sequence.RemoveEvent(track, event, true);
+        sequence.RemoveEventAt(track, 1, true);
+    }
+    sequence.InsertEvent(1, 1, event);
+    sequence.InsertEvent(1, 1, nullptr);
+    sequence.InsertEventAtTime(2, 4, NewEvent("03"));
+    sequence.AddEvent(2, {2, 1, 3}, NewEvent("04"));
+    sequence.AddEvent(2, {2, 1, 3}, nullptr);
+    EXPECT_EQ(TrackText(sequence, 1), "1:02 5:01");
+    EXPECT_EQ(TrackText(sequence, 2), "4:03 1919:04 0:FF2F00");
+    EXPECT_EQ(sequence.GetEventTime(3, event), 0U);
+    ASSERT_TRUE(sequence.GetTrackEvent(2, 99, 2, event));
+    EXPECT_FALSE(sequence.GetTrackEvent(3, 0, 1, event));
+    EXPECT_EQ(sequence.GetEventTime(2, event), 1923U);
+    event->SetMarked(1);
+    EXPECT_TRUE(sequence.HasMarkedEvents());
+    sequence.ClearMarks();
+    EXPECT_FALSE(sequence.HasMarkedEvents());
+    sequence.RemoveEvent(2, event, true);
+    sequence.RemoveEventAt(1, 1, true);
+    EXPECT_EQ(TrackText(sequence, 1), "6:01");
+    EXPECT_EQ(TrackText(sequence, 2), "4:03 1919:FF2F00");
+}
+
+TEST(SequenceTiming, SignaturesAreLaidOnTheGrid) {
+    const std::pair<std::uint32_t, t_tSigMapRec> cases[] = {
+        {3840, {3, 1, 0, 3840, 3, 4}},  {3845, {3, 1, 0, 3845, 3, 4}},
+        {3835, {3, 1, 0, 3835, 3, 4}},  {2390, {3, 1, 0, 2390, 3, 4}},
+        {2410, {2, 2, 0, 2410, 3, 4}},  {2411, {2, 2, 11, 2411, 3, 4}},
+        {2389, {2, 1, 469, 2389, 3, 4}}};
+    for (const auto& [tick, record] : cases) {
+        const CZurSequence sequence =
+            SequenceOf(480, {std::to_string(tick) + " FF 58 04 03 02 18 08", "0 FF 58 04 05 02"});
+        std::vector<t_tSigMapRec> list;
+        sequence.GetTimeSignatures(list);
+        EXPECT_EQ(list, std::vector{record}) << tick;
+    }
+    const CZurSequence whole = SequenceOf(480, {"3840 FF 58 04 03 02 18 08"});
+    EXPECT_EQ(whole.GetTicksPerMeasure(3), 1440U);
+    EXPECT_EQ(whole.GetTicksPerMeasure(1), 1920U);
+    EXPECT_EQ(CZurSequence().GetTicksPerMeasure(9), 1920U);
+}
+
+TEST(SequenceTiming, TemposStandAtTheirTruePlaces) {
+    const CZurSequence sequence = SequenceOf(
+        480,
+        {"0 FF 51 03 07 A1 20; 1915 FF 58 04 03 02 18 08; 1445 FF 51 03 00 00 00; 0 FF 51 02 01"});
+    std::vector<t_tTempoRec> list;
+    sequence.GetTempos(list);
+    // The walk keeps the signature at 1, 4, 475, so measure 2 begins 1440 ticks behind it.
+    EXPECT_EQ(list, (std::vector<t_tTempoRec>{{1, 1, 0, 0, 500000}, {2, 1, 5, 3360, 0}}));
+}
+
+TEST(SequenceTiming, UncheckedSignaturesNeverDivideByZero) {
+    const CZurSequence sequence = SequenceOf(1, {"0 FF 58 04 00 FF 18 08; 5 FF 58 01 03; 0 FF 58 "
+                                                 "00; 3 FF 51 03 00 00 00; 4 FF 58 04 00 00"});
+    std::vector<t_tSigMapRec> list;
+    sequence.GetTimeSignatures(list);
+    EXPECT_EQ(list, (std::vector<t_tSigMapRec>{{1, 1, 0, 0, 0, 0x80000000}, {13, 1, 0, 12, 0, 1}}));
+    std::vector<t_tTempoRec> tempos;
+    sequence.GetTempos(tempos);
+    EXPECT_EQ(tempos, (std::vector<t_tTempoRec>{{9, 1, 0, 8, 0}}));
+    EXPECT_EQ(sequence.GetLastMeasure(), 13U);
+    EXPECT_EQ(sequence.GetTicksPerMeasure(5), 0U);
+}
+
+TEST(SequenceTiming, SignatureAtAPlace) {
+    const CZurSequence sequence =
+        SequenceOf(480, {"1920 FF 58 04 03 02; 480 FF 58 04 05 03; 1920 FF 58 04 02 02"});
+    t_tSigMapRec record{7, 7, 7, 7, 7, 7};
+    sequence.GetTimeSignatureAt({1, 4, 479}, record);
+    EXPECT_EQ(record, (t_tSigMapRec{7, 7, 7, 7, 4, 4}));
+    sequence.GetTimeSignatureAt({2, 1, 0}, record);
+    // Both records stand in measure 2; its ticks are reckoned from the second, so at 2, 1, 0 lies
+    // the first by its own place, too.
+    EXPECT_EQ(record.totalTick, 1920U);
+    sequence.GetTimeSignatureAt({9, 1, 0}, record);
+    EXPECT_EQ(record.numerator, 2U);
+}
+
+TEST(SequenceTiming, MoveEvent) {
+    CZurSequence sequence = SequenceOf(480, {"0 01; 100 02; 50 FF 2F 00", "500 FF 2F 00"});
+    CZurSeqTrack* first = nullptr;
+    CZurSeqTrack* second = nullptr;
+    CZurSeqEvent* event = nullptr;
+    sequence.GetTrack(1, first);
+    sequence.GetTrack(2, second);
+    first->GetEvent(2, event);
+    CZurSeqTrack foreign;
+    sequence.MoveEvent(first, event, 5, &foreign);
+    sequence.MoveEvent(second, event, 5, first);
+    sequence.MoveEvent(nullptr, event, 5, first);
+    sequence.MoveEventAt(1, 9, 5, 2);
+    EXPECT_EQ(TrackText(sequence, 1), "0:01 100:02 50:FF2F00");
+    sequence.MoveEvent(first, event, 0, second);
+    EXPECT_EQ(TrackText(sequence, 1), "0:01 150:FF2F00");
+    EXPECT_EQ(TrackText(sequence, 2), "100:02 400:FF2F00");
+    sequence.MoveEventAt(2, 1, -200, 1);
+    EXPECT_EQ(TrackText(sequence, 1), "0:01 0:02 150:FF2F00");
+    // A signature that moves: its place is read under the old list, 2, 1, 0 in 4/4, and written
+    // under the list without it.
+    sequence = SequenceOf(480, {"0 FF 58 04 02 02; 960 FF 58 04 04 02; 1920 FF 2F 00"});
+    sequence.MoveEventAt(1, 2, 1920, 1);
+    EXPECT_EQ(TrackText(sequence, 1), "0:FF58040202 1920:FF58040402 960:FF2F00");
+}
+
+TEST(SequenceTiming, Lengths) {
+    const CZurSequence sequence =
+        SequenceOf(480, {"0 FF 58 04 03 02", "10 90 3C 40; 10 90 3C 00; 5000 FF 2F 00",
+                         "100 80 3C 00", "9000 90 3C 40", ""});
+    EXPECT_EQ(sequence.GetLastMeasure(), 7U);
+    EXPECT_EQ(CZurSequence().GetLastMeasure(), 0U);
+    EXPECT_EQ(SequenceOf(480, {""}).GetLastMeasure(), 1U);
+    EXPECT_EQ(sequence.GetEndTime(), 9000U);
+    EXPECT_EQ(sequence.GetNoteEndTime(1, 5), 5020U);
+    EXPECT_EQ(sequence.GetNoteEndTime(3, 99), 100U);
+    EXPECT_EQ(sequence.GetNoteEndTime(0, 1), 0U);
+    EXPECT_EQ(sequence.GetNoteEndTime(-5, 0x7FFFFFFF), 5020U);
+    std::uint32_t number = 77;
+    EXPECT_EQ(sequence.GetFirstNoteTime(0), 10U);
+    EXPECT_EQ(sequence.GetFirstNoteTime(4, number), 9000U);
+    EXPECT_EQ(number, 1U);
+    EXPECT_EQ(sequence.GetFirstNoteTime(3, number), kNoTime);
+    EXPECT_EQ(sequence.GetFirstNoteTime(0, number), kNoTime);
+    EXPECT_EQ(number, 1U);
+    EXPECT_EQ(sequence.GetFirstNoteTime(9), kNoTime);
+}
+
+TEST(SequenceTiming, SetDivisionRescaled) {
+    CZurSequence sequence = SequenceOf(240, {"1 01; 3 02", "5 03"});
+    for (const int division : {0, 240, -480})
+        sequence.SetDivisionRescaled(static_cast<std::int16_t>(division));
+    EXPECT_EQ(sequence.GetDivision(), 240);
+    sequence.SetDivisionRescaled(480);
+    EXPECT_EQ(sequence.GetDivision(), 480);
+    EXPECT_EQ(TrackText(sequence, 1) + " " + TrackText(sequence, 2), "2:01 6:02 10:03");
+}
+
+TEST(SequenceTiming, SortTrackRunSortsWhatStandsBeforeTheStop) {
+    const auto run = [](std::uint32_t limit) {
+        CZurSequence sequence = SequenceOf(480, {"1 03; 1 02; 1 01; 1 00"});
+        const auto before = [](std::uint32_t tick, CZurSeqEvent*, void* end) {
+            return tick < *static_cast<std::uint32_t*>(end);
+        };
+        const auto byStatus = [](const CZurSeqEvent* a, const CZurSeqEvent* b) {
+            return *a->GetData() < *b->GetData();
+        };
+        sequence.SortTrackRun(1, &limit, nullptr, byStatus);
+        sequence.SortTrackRun(1, &limit, before, nullptr);
+        sequence.SortTrackRun(2, &limit, before, byStatus);
+        sequence.SortTrackRun(1, &limit, before, byStatus);
+        return TrackText(sequence, 1);
+    };
+    EXPECT_EQ(run(0), "1:03 1:02 1:01 1:00");
+    EXPECT_EQ(run(4), "1:01 1:02 1:03 1:00");
+    EXPECT_EQ(run(9), "1:00 1:01 1:02 1:03");
+}
+
+}  // namespace
