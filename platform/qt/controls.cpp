@@ -97,10 +97,11 @@ void JoinRadioGroups(NativeWindow& dialog) {
             RadioGroupOf(*child).front() != child.get()) {
             continue;
         }
-        auto* group = new QButtonGroup(dialog.widget);
+        auto group = std::make_unique<QButtonGroup>();
         for (NativeWindow* radio : RadioGroupOf(*child)) {
             group->addButton(PeerAs<RadioButtonPeer>(radio));
         }
+        group.release()->setParent(dialog.widget);
     }
 }
 
@@ -114,7 +115,8 @@ void JoinNeighbours(NativeWindow& dialog) {
             edit->SetSpin(spin);
         }
         auto* label = PeerAs<StaticPeer>(&before);
-        if (label != nullptr && window.widget->focusPolicy() != Qt::NoFocus) {
+        if (label != nullptr && window.widget != nullptr &&
+            window.widget->focusPolicy() != Qt::NoFocus) {
             label->setBuddy(window.widget);
         }
     }

@@ -31,7 +31,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     // A flat table: the tree view asks this for every row.
-    QModelIndex parent(const QModelIndex&) const { return {}; }
+    QModelIndex parent(const QModelIndex&) const override { return {}; }
 
     bool HasRow(int row) const { return row >= 0 && row < Count(); }
     int Count() const { return static_cast<int>(rows.size()); }

@@ -161,11 +161,14 @@ struct Refusal {
     bool rangeMode = false;
 };
 
+void PrintTo(const Refusal& refusal, std::ostream* out) {
+    *out << refusal.name;
+}
+
 class Refused : public testing::TestWithParam<Refusal> {};
 
 TEST_P(Refused, CommandLeavesEverything) {
-    const auto& [name, row, radio, measure, button, message, rangeMode] = GetParam();
-    SCOPED_TRACE(name);
+    const auto& [what, row, radio, measure, button, message, rangeMode] = GetParam();
     const CQelCPB_3DPattern pattern = PatternOf(Song());
     Editor editor = rangeMode ? Editor(pattern, 0, 3360) : Editor(pattern);
     editor.boxes.Expect(message, kErrorBox, IDOK);

@@ -51,7 +51,6 @@ public:
     void ClickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         driver->ClickRow(kListEvents, row, modifiers);
     }
-    bool IsOpen() const { return dialog.m_hWnd != nullptr; }
 
     CQelCPB_3DPattern source;
     CZurSMWMan link{nullptr, nullptr, nullptr, nullptr};

@@ -68,7 +68,7 @@ TEST(Frame, AsksBeforeEditsAreLost) {
         EXPECT_EQ(editor.driver->Text(kEditName), "Song");
         EXPECT_TRUE(editor.dialog.GetModified());
         editor.driver->Key(Qt::Key_Escape);
-        EXPECT_TRUE(editor.IsOpen() && editor.dialog.GetModified());
+        EXPECT_TRUE(editor.dialog.GetModified());
         WidgetOfWindow(editor.dialog.m_hWnd)->close();
     });
     EXPECT_EQ(result, IDCANCEL);
@@ -104,7 +104,7 @@ TEST(Frame, OnlyOneEditorIsOpenAtATime) {
     first.boxes.Expect("Error: Orbix Already Opened", kErrorBox, IDOK);
     first.Run([&] {
         EXPECT_EQ(second.dialog.DoModal(), -1);
-        EXPECT_TRUE(first.IsOpen() && !second.IsOpen());
+        EXPECT_EQ(second.dialog.m_hWnd, nullptr);
     });
     EXPECT_EQ(second.Run([&] { second.Click(kBtnCancel); }), IDCANCEL);
 }
@@ -156,7 +156,7 @@ TEST(Frame, ViewSettingsOutliveTheDialog) {
 // The dot of the event one metre ahead stands at the upper end of plane 0's vertical axis.
 TEST(Frame, ADragIsOneChangeAndHoldsTheCommandsBack) {
     Editor editor(PatternOf(Song()));
-    editor.Run([&] {
+    const int result = editor.Run([&] {
         DialogDriver& driver = *editor.driver;
         RECT plane = editor.dialog.GetDlgItem(kPlaneAbove)->GetWindowRect();
         editor.dialog.ScreenToClient(plane);
@@ -178,10 +178,9 @@ TEST(Frame, ADragIsOneChangeAndHoldsTheCommandsBack) {
         driver.Key(Qt::Key_Delete);
         driver.Key(Qt::Key_Return);
         driver.Key(kChkIdAll, Qt::Key_Space);
-        EXPECT_TRUE(editor.IsOpen() && driver.Checked(kChkIdAll));
+        EXPECT_TRUE(driver.Checked(kChkIdAll));
         EXPECT_EQ(editor.State(), before);
         driver.Key(Qt::Key_Escape);
-        EXPECT_TRUE(editor.IsOpen());
         driver.MouseRelease(half);
         EXPECT_EQ(editor.State(), before);
 
@@ -194,6 +193,7 @@ TEST(Frame, ADragIsOneChangeAndHoldsTheCommandsBack) {
         EXPECT_EQ(editor.Rows(), Lines(before.begin(), before.begin() + 6));
         EXPECT_EQ(editor.Buttons(), "OK Update Delete Redo ");
     });
+    EXPECT_EQ(result, kEndedByDriver) << "neither OK nor Esc closed it";
 }
 
 TEST(PatternName, IsCutAtACharacterAndKeepsNoBrokenBytes) {
