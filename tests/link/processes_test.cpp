@@ -36,8 +36,10 @@ struct ContentionTest : testing::Test {
         return process;
     }
     std::string Log() const { return ReadWholeFile(folder + "/log").value_or(""); }
+    // Until the log says so and nobody is inside the device: a process that is stopped or killed
+    // in there would leave its mark.
     void AwaitLog(const std::string& log) const {
-        while (Log() != log) {
+        while (Log() != log || std::filesystem::exists(folder + "/inside")) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
