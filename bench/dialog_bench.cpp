@@ -10,6 +10,7 @@
 #include "dialog/orbix_main_dlg.h"
 #include "link/smw_manager.h"
 #include "params/param_block.h"
+#include "platform/hooks.h"
 
 namespace {
 
@@ -63,17 +64,23 @@ BENCHMARK(OpenPaintAndClose)->ArgName("full")->Arg(0)->Arg(1)->Unit(benchmark::k
 void ClickAddToPainted(benchmark::State& state) {
     Application();
     C3DEventData table = FullTable();
-    table.RemoveEvent(table.CountEvents(-1) - 1);
+    int last = table.CountEvents(-1) - 1;
+    while (table.EventAt(last).type != kEventPosition || table.EventAt(last).id != 0) {
+        --last;
+    }
+    table.RemoveEvent(last);  // Room for one more of ID 0, which the fields name at the start.
     CQelCPB_3DPattern pattern;
     table.StoreToPattern(&pattern, "Full");
     CZurSMWMan link;
     BenchDialog dialog(pattern, link);
     dialog.Run([&](QWidget& window) {
+        dialog.SetEnableSettingType(COrbixMainDlg::kSettingPosition);
         for (auto _ : state) {
             dialog.SendMessage(WM_COMMAND, kAdd);
             window.repaint();
             state.PauseTiming();
             dialog.SendMessage(WM_COMMAND, kUndo);
+            dialog.SetEnableSettingType(COrbixMainDlg::kSettingPosition);
             window.repaint();
             state.ResumeTiming();
         }

@@ -14,6 +14,7 @@
 #include "bench/full_table.h"
 #include "dialog/orbix_main_dlg.h"
 #include "link/smw_manager.h"
+#include "platform/hooks.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 #include <cstdio>
 
@@ -56,8 +57,7 @@ public:
         : dialog_(dialog), options_(options) {}
 
     QPixmap Take() {
-        QMetaObject::invokeMethod(
-            qApp, [this] { TakeAndClose(); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, qApp, [this] { TakeAndClose(); });
         dialog_.CDialog::DoModal();
         return picture_;
     }

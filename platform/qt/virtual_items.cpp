@@ -79,8 +79,9 @@ public:
         }
         while (itemIds_.size() <= static_cast<std::size_t>(index)) {
             auto& self = const_cast<PlaceInterface&>(*this);  // NOLINT: Qt asks a const object.
-            itemIds_.push_back(QAccessible::registerAccessibleInterface(
-                new ItemInterface(self, static_cast<int>(itemIds_.size()))));
+            auto* item = new ItemInterface(self, static_cast<int>(itemIds_.size()));
+            // The toolkit's registry owns the item from here on.
+            itemIds_.push_back(QAccessible::registerAccessibleInterface(item));
         }
         return QAccessible::accessibleInterface(itemIds_[static_cast<std::size_t>(index)]);
     }
