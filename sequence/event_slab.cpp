@@ -5,6 +5,7 @@
 #include <mutex>
 #include <new>
 #include <utility>
+#include <vector>
 
 #ifdef ORBIX_PLAIN_SLOTS
 
@@ -34,10 +35,7 @@ constexpr std::uint32_t kSlots = (kSlabBytes - kEventSlot) / kEventSlot;
 /// The head of a slab, in the place of a slot.
 struct Slab {
     std::atomic<std::uint32_t> held;  ///< slots that were not given back, handed out or not
-    Slab* nextSpare;
 };
-
-static_assert(sizeof(Slab) <= kEventSlot);
 
 /// The empty slabs. Never destroyed: events of static duration may come back last of all.
 class Spares {
@@ -48,38 +46,32 @@ public:
             slab = std::aligned_alloc(kEventSlab, kSlabBytes);
         if (!slab)
             throw std::bad_alloc();
-        return new (slab) Slab{kSlots, nullptr};
+        return new (slab) Slab{kSlots};
     }
 
     void Keep(Slab* slab) {
-        if (!Push(slab))
-            std::free(slab);
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_slabs.size() < kSpareBytes / kEventSlab) {
+                m_slabs.push_back(slab);
+                return;
+            }
+        }
+        std::free(slab);
     }
 
 private:
-    Slab* Pop() {
+    void* Pop() {
         const std::lock_guard lock(m_mutex);
-        Slab* const slab = m_first;
-        if (slab) {
-            m_first = slab->nextSpare;
-            --m_count;
-        }
+        if (m_slabs.empty())
+            return nullptr;
+        void* const slab = m_slabs.back();
+        m_slabs.pop_back();
         return slab;
     }
 
-    bool Push(Slab* slab) {
-        const std::lock_guard lock(m_mutex);
-        if (m_count == kSpareBytes / kEventSlab)
-            return false;
-        slab->nextSpare = m_first;
-        m_first = slab;
-        ++m_count;
-        return true;
-    }
-
     std::mutex m_mutex;
-    Slab* m_first = nullptr;
-    std::size_t m_count = 0;
+    std::vector<void*> m_slabs;
 };
 
 Spares& AllSpares() {

@@ -14,8 +14,6 @@ namespace {
 
 using EventList = std::vector<CZurSeqEvent*>;
 
-static_assert(SeqEventBatch::kSlack <= StreamBlock::kSlack);
-
 /// Reads the events of one chunk: out of blocks where whole events stand in them, and one by one
 /// from the stream where they do not, so that its end behaves as for the event alone.
 class ChunkReader {

@@ -10,15 +10,14 @@ namespace {
 std::size_t s_now = 0;
 std::size_t s_peak = 0;
 
-void* Take(std::size_t size) {
-    void* const block = std::malloc(size);
+void* Count(void* block) {
     s_now += malloc_usable_size(block);
     s_peak = std::max(s_peak, s_now);
     return block;
 }
-void Give(void* block) {
+void Release(void* block) {
     s_now -= malloc_usable_size(block);
-    std::free(block);
+    std::free(block);  // NOLINT: this is the allocator
 }
 }  // namespace
 
@@ -32,13 +31,39 @@ void MarkHeap() {
     s_peak = s_now;
 }
 
-// clang-format off
-void* operator new(std::size_t size) { void* const block = Take(size); return block ? block : throw std::bad_alloc(); }
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Take(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Take(size); }
-void operator delete(void* block) noexcept { Give(block); }
-void operator delete[](void* block) noexcept { Give(block); }
-void operator delete(void* block, std::size_t) noexcept { Give(block); }
-void operator delete[](void* block, std::size_t) noexcept { Give(block); }
-// clang-format on
+void* operator new(std::size_t size) {
+    void* const block = std::malloc(size);
+    return block ? Count(block) : throw std::bad_alloc();
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    void* const block = std::aligned_alloc(static_cast<std::size_t>(alignment), size);
+    return block ? Count(block) : throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    void* const block = std::malloc(size);
+    return block ? Count(block) : nullptr;
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
+}
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+void operator delete[](void* block) noexcept {
+    Release(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    Release(block);
+}
+void operator delete(void* block) noexcept {
+    Release(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    Release(block);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+    Release(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+    Release(block);
+}
