@@ -2,49 +2,13 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QWidget>
-#include <functional>
-
+#include "bench/bench_dialog.h"
 #include "bench/full_table.h"
-#include "dialog/orbix_main_dlg.h"
-#include "link/smw_manager.h"
-#include "params/param_block.h"
-#include "platform/hooks.h"
 
 namespace {
 
 constexpr WPARAM kAdd = 4031;
 constexpr WPARAM kUndo = 4003;
-
-// Shows the dialog, paints it, runs `inside`, closes it.
-class BenchDialog : public COrbixMainDlg {
-public:
-    BenchDialog(CQelCPB_3DPattern& pattern, CZurSMWMan& link)
-        : COrbixMainDlg(nullptr, &pattern, nullptr, nullptr, link, nullptr, 0, 0, 0, true, "", "") {
-    }
-
-    void Run(const std::function<void(QWidget&)>& inside) {
-        QMetaObject::invokeMethod(
-            qApp,
-            [this, &inside] {
-                QWidget& window = *QApplication::activeModalWidget();
-                window.repaint();
-                inside(window);
-                EndDialog(IDCANCEL);
-            },
-            Qt::QueuedConnection);
-        DoModal();
-    }
-};
-
-QApplication& Application() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    return application;
-}
 
 void OpenPaintAndClose(benchmark::State& state) {
     Application();

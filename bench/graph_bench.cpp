@@ -5,54 +5,26 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QWidget>
-#include <functional>
 
+#include "bench/bench_dialog.h"
 #include "bench/full_table.h"
-#include "dialog/orbix_main_dlg.h"
-#include "link/smw_manager.h"
-#include "platform/hooks.h"
 
 namespace {
 
 constexpr int kPlaneControls[] = {1018, 1002};
 constexpr WPARAM kZoomBox = 1023;
 
-class BenchDialog : public COrbixMainDlg {
-public:
-    BenchDialog(CQelCPB_3DPattern& pattern, CZurSMWMan& link)
-        : COrbixMainDlg(nullptr, &pattern, nullptr, nullptr, link, nullptr, 0, 0, 0, true, "", "") {
-    }
+QRect PlaneOf(const BenchDialog& dialog, int plane) {
+    RECT place = dialog.GetDlgItem(kPlaneControls[plane])->GetWindowRect();
+    dialog.ScreenToClient(place);
+    return {place.left, place.top, Width(place), Height(place)};
+}
 
-    QRect Plane(int plane) const {
-        RECT place = GetDlgItem(kPlaneControls[plane])->GetWindowRect();
-        ScreenToClient(place);
-        return {place.left, place.top, Width(place), Height(place)};
-    }
-
-    void Run(const std::function<void(QWidget&)>& inside) {
-        QMetaObject::invokeMethod(
-            qApp,
-            [this, &inside] {
-                GetCmbBoxZoom()->SetCurSel(0);
-                SendMessage(WM_COMMAND, (static_cast<WPARAM>(CBN_SELCHANGE) << 16U) | kZoomBox);
-                inside(*QApplication::activeModalWidget());
-                EndDialog(IDCANCEL);
-            },
-            Qt::QueuedConnection);
-        DoModal();
-    }
-};
-
-QApplication& Application() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    return application;
+void ChooseWidestZoom(BenchDialog& dialog) {
+    dialog.GetCmbBoxZoom()->SetCurSel(0);
+    dialog.SendMessage(WM_COMMAND, (static_cast<WPARAM>(CBN_SELCHANGE) << 16U) | kZoomBox);
 }
 
 void SendMouse(QWidget& window, QEvent::Type type, QPoint place) {
@@ -66,7 +38,7 @@ void SendMouse(QWidget& window, QEvent::Type type, QPoint place) {
 
 // Presses on pixels of plane 0 until one of them takes hold of a dot.
 bool GrabDot(BenchDialog& dialog, QWidget& window, QPoint& place) {
-    const QRect plane = dialog.Plane(0);
+    const QRect plane = PlaneOf(dialog, 0);
     for (place.ry() = plane.top() + 30; place.y() < plane.bottom() - 30; place.ry() += 3) {
         for (place.rx() = plane.left() + 60; place.x() < plane.right() - 60; place.rx() += 3) {
             SendMouse(window, QEvent::MouseButtonPress, place);
@@ -87,6 +59,7 @@ void DragFrame(benchmark::State& state) {
     CZurSMWMan link;
     BenchDialog dialog(pattern, link);
     dialog.Run([&](QWidget& window) {
+        ChooseWidestZoom(dialog);
         QPoint place;
         if (!GrabDot(dialog, window, place)) {
             state.SkipWithError("no dot to drag");

@@ -66,7 +66,7 @@ void COrbixMainDlg::OnNMRclickList3DEvent(NMHDR* /*header*/, LRESULT* /*result*/
         return;
     }
     const UINT command =
-        Hooks().popupMenu(m_hWnd, {{kShowGraph, "Show Graph"}, {kHideGraph, "Hide Graph"}});
+        TrackPopupMenu(m_hWnd, {{kShowGraph, "Show Graph"}, {kHideGraph, "Hide Graph"}});
     if (command != kShowGraph && command != kHideGraph) {
         return;
     }

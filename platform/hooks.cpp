@@ -50,6 +50,14 @@ CWaitCursor::~CWaitCursor() {
     }
 }
 
+UINT TrackPopupMenu(HWND owner, const std::vector<MenuItem>& items) {
+    return Installed(Hooks().popupMenu, "popupMenu")(owner, items);
+}
+
+std::optional<CString> GetClipboardText() {
+    return Installed(Hooks().clipboardText, "clipboardText")();
+}
+
 short GetKeyState(int key) {
     return Installed(Hooks().keyState, "keyState")(key);
 }

@@ -77,6 +77,9 @@ public:
     CWaitCursor& operator=(const CWaitCursor&) = delete;
 };
 
+/// Shows a menu at the cursor and gives the chosen command, 0 for none.
+UINT TrackPopupMenu(HWND owner, const std::vector<MenuItem>& items);
+std::optional<CString> GetClipboardText();
 short GetKeyState(int key);
 DWORD GetTickCount();
 void Sleep(DWORD milliseconds);

@@ -25,6 +25,7 @@ inline constexpr UINT WM_RBUTTONUP = 0x0205;
 inline constexpr UINT WM_MBUTTONDOWN = 0x0207;
 inline constexpr UINT WM_MBUTTONUP = 0x0208;
 inline constexpr UINT WM_CAPTURECHANGED = 0x0215;
+/// wParam points at a `const std::vector<CString>`, the paths.
 inline constexpr UINT WM_DROPFILES = 0x0233;
 inline constexpr UINT WM_CUT = 0x0300;
 inline constexpr UINT WM_COPY = 0x0301;

@@ -5,7 +5,6 @@
 #include <mutex>
 #include <new>
 #include <utility>
-#include <vector>
 
 #ifdef ORBIX_PLAIN_SLOTS
 
@@ -35,6 +34,7 @@ constexpr std::uint32_t kSlots = (kSlabBytes - kEventSlot) / kEventSlot;
 /// The head of a slab, in the place of a slot.
 struct Slab {
     std::atomic<std::uint32_t> held;  ///< slots that were not given back, handed out or not
+    Slab* next;                       ///< the spare slab below this one
 };
 
 /// The empty slabs. Never destroyed: events of static duration may come back last of all.
@@ -46,14 +46,16 @@ public:
             slab = std::aligned_alloc(kEventSlab, kSlabBytes);
         if (!slab)
             throw std::bad_alloc();
-        return new (slab) Slab{kSlots};
+        return new (slab) Slab{kSlots, nullptr};
     }
 
+    /// Runs when an event is deleted, so it must not ask for memory: the slabs are their own list.
     void Keep(Slab* slab) {
         {
             const std::lock_guard lock(m_mutex);
-            if (m_slabs.size() < kSpareBytes / kEventSlab) {
-                m_slabs.push_back(slab);
+            if (m_count < kSpareBytes / kEventSlab) {
+                slab->next = std::exchange(m_top, slab);
+                ++m_count;
                 return;
             }
         }
@@ -63,15 +65,15 @@ public:
 private:
     void* Pop() {
         const std::lock_guard lock(m_mutex);
-        if (m_slabs.empty())
+        if (!m_top)
             return nullptr;
-        void* const slab = m_slabs.back();
-        m_slabs.pop_back();
-        return slab;
+        --m_count;
+        return std::exchange(m_top, m_top->next);
     }
 
     std::mutex m_mutex;
-    std::vector<void*> m_slabs;
+    Slab* m_top = nullptr;
+    std::size_t m_count = 0;
 };
 
 Spares& AllSpares() {

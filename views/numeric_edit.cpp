@@ -115,7 +115,7 @@ void CNumericEdit::CommitText() {
 
 // Replaces the whole text; what is no number is ignored.
 void CNumericEdit::Paste() {
-    std::optional<CString> text = Hooks().clipboardText();
+    std::optional<CString> text = GetClipboardText();
     if (text.has_value() && Normalize(*text) == 1) {
         SetValueText(*text);
     }

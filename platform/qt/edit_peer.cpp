@@ -149,7 +149,7 @@ QString EditPeer::Fitting(const QString& typed) const {
 
 // One line holds the clipboard's first.
 void EditPeer::Paste() {
-    const auto clipboard = Hooks().clipboardText ? Hooks().clipboardText() : std::nullopt;
+    const auto clipboard = GetClipboardText();
     if (!clipboard || isReadOnly()) {
         return;
     }
