@@ -8,13 +8,14 @@
 #include "link/smw_manager.h"
 #include "platform/hooks.h"
 
-/// The toolkit's application, made when it is first asked for.
+/// The toolkit's application, made when it is first asked for and never deleted: it would have to
+/// go before the toolkit's own static objects, some of which are made after it.
 inline QApplication& Application() {
     static int argc = 1;
     static char name[] = "bench";
     static char* argv[] = {name, nullptr};
-    static QApplication application(argc, argv);
-    return application;
+    static QApplication* application = new QApplication(argc, argv);
+    return *application;
 }
 
 /// The editor on a pattern, opened for the length of a measurement.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -197,6 +198,13 @@ private:
         bool reversed;  ///< The vertical axis.
     };
 
+    /// What the frames of one drag share: all that the drag leaves as it is, drawn once, and the
+    /// bitmap that each frame is put together on. Both have the client area's extent.
+    struct DragPicture {
+        CBitmap backdrop;
+        CBitmap frame;
+    };
+
     Frame FrameOf(int plane) const;
     POINT ProjectPoint(int plane, const tag3DGraphPoint& point) const;
     const tag3DGraphPoint* PointAt(int id, int index) const;
@@ -209,6 +217,9 @@ private:
     void StoreZoom(double zoom, int ringCount, const double* rings);
 
     void LoadHeads();
+    void DrawDragFrame(CWnd* dialog, CDC* dc);
+    void DrawBackdrop(CDC* dc);
+    void CopyPlanes(CDC& to, CDC& from) const;
     void DrawCircles(CDC* dc, int plane) const;
     void DrawAxes(CDC* dc, int plane) const;
     void DrawHead(CDC* dc, int plane);
@@ -240,6 +251,7 @@ private:
     std::int32_t m_nRingCount = 0;
     std::array<double, kRingLimit> m_dRings{};
     std::array<CBitmap, 16> m_bmHead;
+    std::optional<DragPicture> m_DragPicture;
     C3DPosConverter m_Converter;
     C3DGraphCallbacks m_Callbacks;
 };

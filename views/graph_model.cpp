@@ -88,6 +88,7 @@ void C3DGraph::AddEvent(const _tagEvent3D& event) {
     if (event.type != kEventPosition || !IsId(event.id)) {
         return;
     }
+    m_DragPicture.reset();
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
@@ -102,6 +103,7 @@ void C3DGraph::ClearPoints(int id) {
             CWnd::ReleaseCapture();
         }
     }
+    m_DragPicture.reset();
     for (int each = 0; each < kIdCount; ++each) {
         if (id == kAllIds || id == each) {
             m_vecPoints[static_cast<std::size_t>(each)] = {};

@@ -27,7 +27,7 @@ void C3DGraph::OnMouseDrag(CWnd* dialog, CDC* dc, int x, int y) {
         BeginDrag(dialog);
     }
     if (m_nDragging == 1 && MoveHeldPoint(x, y)) {
-        Draw(dialog, dc);
+        DrawDragFrame(dialog, dc);
     }
 }
 
@@ -50,6 +50,7 @@ void C3DGraph::OnMouseUp(CWnd* /*dialog*/, int x, int y) {
         return;
     }
     m_nDragging = 0;  // Before the callback, which is a command and would be refused in a drag.
+    m_DragPicture.reset();
     CWnd::ReleaseCapture();
     MoveHeldPoint(x, y);
     tag3DGraphPoint* held = HeldPoint();
@@ -82,6 +83,7 @@ bool C3DGraph::GiveUpDrag() {
         return false;
     }
     m_nDragging = 0;
+    m_DragPicture.reset();
     if (tag3DGraphPoint* held = HeldPoint()) {
         *held = m_ptSaved;
     }

@@ -180,6 +180,12 @@ TEST(Frame, ADragIsOneChangeAndHoldsTheCommandsBack) {
         driver.Key(kChkIdAll, Qt::Key_Space);
         EXPECT_TRUE(driver.Checked(kChkIdAll));
         EXPECT_EQ(editor.State(), before);
+        driver.Key(kChkIndexView, Qt::Key_Space);
+        driver.MouseMove(half + QPoint(0, 30));
+        driver.MouseMove(half);
+        const QImage frame = driver.Grab();
+        editor.dialog.Invalidate();
+        EXPECT_EQ(driver.Grab(), frame) << "a frame of the drag is the whole picture";
         driver.Key(Qt::Key_Escape);
         driver.MouseRelease(half);
         EXPECT_EQ(editor.State(), before);
