@@ -34,7 +34,9 @@ inline constexpr unsigned kGroupStart = 0x08;  ///< First of a radio group.
 inline constexpr unsigned kDefaultButton = 0x10;
 inline constexpr unsigned kReadOnly = 0x20;
 
-/// One control: place in dialog units. Order in the template is the tab order.
+/// One control: place in dialog units. Order in the template is the tab order. An "&" in a caption
+/// makes the letter behind it an access key, pressed with Alt: of the button, or, in a label or a
+/// frame, of the control that follows. The label of a check box without a caption follows its box.
 struct ControlTemplate {
     ControlKind kind;
     int id;

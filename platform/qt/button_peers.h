@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "platform/qt/access_key.h"
 #include "platform/qt/peer.h"
 
 namespace toolkit {
@@ -27,6 +28,13 @@ public:
             this->setDown(false);
         }
         return 0;
+    }
+    bool RunDefault(QEvent& event) override {
+        if (!IsAccessKey(event)) {
+            return Peer<Button>::RunDefault(event);
+        }
+        UseAccessKey(this);
+        return true;
     }
 };
 

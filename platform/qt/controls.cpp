@@ -105,6 +105,27 @@ void JoinRadioGroups(NativeWindow& dialog) {
     }
 }
 
+// A box for a tick without a caption of its own has its label behind it, all other controls have
+// theirs, or the frame that names them, before them.
+void JoinToLabel(NativeWindow& before, NativeWindow& window) {
+    auto* label = PeerAs<StaticPeer>(&window);
+    const auto* box = PeerAs<CheckBoxPeer>(&before);
+    if (label != nullptr && box != nullptr && box->text().isEmpty()) {
+        label->setBuddy(before.widget);
+        return;
+    }
+    if (window.widget->focusPolicy() == Qt::NoFocus) {
+        return;
+    }
+    label = PeerAs<StaticPeer>(&before);
+    if (label != nullptr && label->buddy() == nullptr) {
+        label->setBuddy(window.widget);
+    }
+    if (auto* frame = PeerAs<GroupBoxPeer>(&before)) {
+        frame->SetBuddy(window.widget);
+    }
+}
+
 void JoinNeighbours(NativeWindow& dialog) {
     for (std::size_t index = 1; index < dialog.children.size(); ++index) {
         NativeWindow& before = *dialog.children[index - 1];
@@ -114,11 +135,7 @@ void JoinNeighbours(NativeWindow& dialog) {
             spin->SetBuddy(before);
             edit->SetSpin(spin);
         }
-        auto* label = PeerAs<StaticPeer>(&before);
-        if (label != nullptr && window.widget != nullptr &&
-            window.widget->focusPolicy() != Qt::NoFocus) {
-            label->setBuddy(window.widget);
-        }
+        JoinToLabel(before, window);
     }
 }
 

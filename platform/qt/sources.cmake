@@ -1,5 +1,6 @@
 # The toolkit's half of the windows, as paths from platform/.
 set(ORBIX_QT_SOURCES
+    qt/access_key.cpp
     qt/accessible.cpp
     qt/button_peers.cpp
     qt/combo_peer.cpp

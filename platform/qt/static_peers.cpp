@@ -4,6 +4,7 @@
 #include <QStyle>
 
 #include "platform/native.h"
+#include "platform/qt/access_key.h"
 #include "platform/qt/qt_dc.h"
 #include "platform/qt/surface.h"
 
@@ -27,6 +28,14 @@ StaticPeer::StaticPeer(NativeWindow& record, QWidget* parent) : Peer(record, par
 void StaticPeer::SetText(const QString& text) {
     setText(text);
     resize(std::max(width(), fontMetrics().size(Qt::TextShowMnemonic, text).width()), height());
+}
+
+bool StaticPeer::RunDefault(QEvent& event) {
+    if (!IsAccessKey(event)) {
+        return Peer::RunDefault(event);
+    }
+    UseAccessKey(buddy());
+    return true;
 }
 
 QColor StaticPeer::TextColour() {
@@ -54,12 +63,20 @@ GroupBoxPeer::GroupBoxPeer(NativeWindow& record, QWidget* parent) : Peer(record,
     setFocusPolicy(Qt::NoFocus);
 }
 
+bool GroupBoxPeer::RunDefault(QEvent& event) {
+    if (!IsAccessKey(event)) {
+        return Peer::RunDefault(event);
+    }
+    UseAccessKey(buddy_);
+    return true;
+}
+
 void GroupBoxPeer::paintEvent(QPaintEvent*) {
     constexpr int kTitleLeft = 8;
     constexpr int kTitleGap = 2;
     const QFontMetrics metrics = fontMetrics();
     const int line = metrics.height() / 2;
-    const int titleWidth = title().isEmpty() ? 0 : metrics.horizontalAdvance(title());
+    const int titleWidth = metrics.size(Qt::TextShowMnemonic, title()).width();
     const QRect titleRect(kTitleLeft, 0, titleWidth, metrics.height());
     QPainter painter(this);
     const QRegion gap(titleRect.adjusted(-kTitleGap, 0, kTitleGap, 0));

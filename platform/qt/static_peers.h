@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QPointer>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -20,6 +21,7 @@ public:
     StaticPeer(NativeWindow& record, QWidget* parent);
     QString Text() const override { return text(); }
     void SetText(const QString& text) override;
+    bool RunDefault(QEvent& event) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -34,9 +36,15 @@ public:
     GroupBoxPeer(NativeWindow& record, QWidget* parent);
     QString Text() const override { return title(); }
     void SetText(const QString& text) override { setTitle(text); }
+    bool RunDefault(QEvent& event) override;
+    /// The control that the title's access key stands for.
+    void SetBuddy(QWidget* control) { buddy_ = control; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPointer<QWidget> buddy_;
 };
 
 /// A place without a look: it paints nothing and lets the mouse through.

@@ -79,6 +79,32 @@ TEST(Keyboard, AWholeSessionNeedsNoMouse) {
     EXPECT_EQ(result, IDOK);
 }
 
+// Access keys commit what is being typed, and a box's label ticks its box.
+TEST(Keyboard, AccessKeysReachWhatTheirCaptionsName) {
+    Editor editor(PatternOf(Song()));
+    editor.Run([&] {
+        const auto alt = [&](char letter) {
+            editor.driver->Key(static_cast<Qt::Key>(letter), Qt::AltModifier);
+        };
+        const std::pair<char, int> reached[] = {
+            {'E', kEditName},  {'B', kEditBeat},    {'K', kEditTick},       {'I', kComboId},
+            {'O', kComboZoom}, {'X', kChkXReverse}, {'C', kDistanceSlider}, {'M', kEditMeasure}};
+        for (const auto& [letter, control] : reached) {
+            alt(letter);
+            ASSERT_NE(CWnd::GetFocus(), nullptr) << letter;
+            EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), control) << letter;
+        }
+        EXPECT_TRUE(editor.driver->Checked(kChkXReverse));
+        editor.driver->Key(Qt::Key_7);  // The whole box was selected.
+        alt('A');
+        EXPECT_EQ(editor.Rows().back(), "0* - 7 1 0 0 1.00 0 0");
+        alt('D');
+        EXPECT_FALSE(editor.driver->Checked(kChkIdAll));
+        alt('G');
+        EXPECT_EQ(editor.Fields(), "7:1:0 ID0 3/4 timesig");
+    });
+}
+
 TEST(ScreenReader, EveryControlThatTakesTheFocusHasAName) {
     Editor editor(PatternOf(Song()));
     editor.Run([&] {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <set>
 #include <string>
 #include <vector>
@@ -87,6 +88,22 @@ TEST_P(Layout, EveryControlCanBeReachedAndNamed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Templates, Layout, testing::Values(4000U, 4007U, 4008U));
+
+// The editor shows one of the pages at a time.
+TEST(EditorTemplate, UsesNoAccessKeyTwice) {
+    for (const DialogTemplate* page : {&kSphericalPageTemplate, &kCartesianPageTemplate}) {
+        std::set<int> letters;
+        for (const DialogTemplate* dialog : {&kMainDialogTemplate, page}) {
+            for (const ControlTemplate& control : dialog->controls) {
+                const std::string caption = control.caption;
+                const std::size_t mark = caption.find('&');
+                EXPECT_TRUE(mark == std::string::npos ||
+                            letters.insert(std::toupper(caption.at(mark + 1))).second)
+                    << NameOf(control);
+            }
+        }
+    }
+}
 
 TEST(EditorTemplate, GivesPlanesListAndPagesTheirRoom) {
     EXPECT_EQ(MapDialogRect(0, 0, kMainDialogTemplate.width, kMainDialogTemplate.height),
