@@ -6,6 +6,7 @@
 
 #include "platform/hooks.h"
 #include "platform/native.h"
+#include "platform/qt/key_state.h"
 #include "platform/qt/spin_peer.h"
 
 namespace toolkit {

@@ -2,8 +2,6 @@
 
 #include "platform/qt/window_record.h"
 
-class QKeyEvent;
-
 namespace toolkit {
 
 /// Handles an event that the toolkit brought to `widget` of the window: turns it into messages
@@ -16,11 +14,5 @@ LRESULT SendWithEvent(NativeWindow& window, UINT message, WPARAM wParam, LPARAM 
 
 /// Moves the focus on from a window that can't keep it; false when there is nowhere to go.
 bool GiveFocusAway(NativeWindow* window, bool forward);
-
-/// The code point that the key types (8 for the backspace), 0 for none.
-unsigned TypedCharacter(const QKeyEvent& event);
-
-/// High bit set when the key or button was down at the last event dispatched.
-short KeyStateOfLastEvent(int key);
 
 }  // namespace toolkit

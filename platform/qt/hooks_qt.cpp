@@ -9,7 +9,7 @@
 
 #include "platform/hooks.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/event_dispatch.h"
+#include "platform/qt/key_state.h"
 #include "platform/qt/text_cache.h"
 #include "platform/qt/window_record.h"
 

@@ -47,6 +47,9 @@ struct Mask {
 
 Raster RasterOf(QImage& image);
 
+/// The pixels `first` to `last` of a row, as far as they lie inside the clip.
+void FillSpan(const Raster& raster, int y, int first, int last, QRgb colour);
+
 void FillBox(const Raster& raster, const QRect& box, QRgb colour);
 
 /// An ellipse that fills the box exactly, outline inside it.

@@ -11,16 +11,20 @@ set(ORBIX_QT_SOURCES
     qt/event_dispatch.cpp
     qt/focus.cpp
     qt/hooks_qt.cpp
+    qt/key_state.cpp
     qt/list_control.cpp
     qt/list_delegate.cpp
     qt/list_model.cpp
+    qt/list_painting.cpp
     qt/list_peer.cpp
+    qt/list_states.cpp
     qt/modal.cpp
     qt/peer.cpp
     qt/pictures.cpp
     qt/qt_dc.cpp
     qt/radio_group.cpp
     qt/raster.cpp
+    qt/raster_ellipse.cpp
     qt/slider_peer.cpp
     qt/spin_peer.cpp
     qt/static_peers.cpp
