@@ -131,11 +131,11 @@ void C3DEventData::TakeOut(HistoryEntry& entry) {
 }
 
 void C3DEventData::PutBack(HistoryEntry& entry) {
-    StepHistory(entry, [this, &entry] { events_.push_back(entry.event); });
+    StepHistory(entry, [this, &entry] { AppendEvent(entry.event); });
 }
 
 void C3DEventData::Overwrite(HistoryEntry& entry, const _tagEvent3D& event) {
     if (const int index = FindEventByUid(entry.event); index >= 0) {
-        StepHistory(entry, [this, index, &event] { EventAt(index) = event; });
+        StepHistory(entry, [this, index, &event] { OverwriteEvent(index, event); });
     }
 }

@@ -53,9 +53,7 @@ int C3DEventData::CountEvents(int id) const {
     if (id == kAllEvents) {
         return static_cast<int>(events_.size());
     }
-    const auto byte = static_cast<std::uint8_t>(id);
-    return static_cast<int>(std::count_if(events_.begin(), events_.end(),
-                                          [byte](const _tagEvent3D& e) { return e.id == byte; }));
+    return countOfId_[static_cast<std::uint8_t>(id)];
 }
 
 int C3DEventData::FindEventByUid(const _tagEvent3D& event) const {
@@ -113,8 +111,24 @@ int C3DEventData::TakeEvent(_tagEvent3D& event, Recording recording) {
     if (recording == Recording::on) {
         PushHistory(Operation::add, event, _tagEvent3D(), std::move(before));
     }
-    events_.push_back(event);
+    AppendEvent(event);
     return 0;
+}
+
+void C3DEventData::AppendEvent(const _tagEvent3D& event) {
+    events_.push_back(event);
+    ++countOfId_[event.id];
+}
+
+void C3DEventData::OverwriteEvent(int index, const _tagEvent3D& event) {
+    --countOfId_[EventAt(index).id];
+    ++countOfId_[event.id];
+    EventAt(index) = event;
+}
+
+void C3DEventData::EraseEvent(int index) {
+    --countOfId_[EventAt(index).id];
+    events_.erase(events_.begin() + index);
 }
 
 int C3DEventData::ReplaceEvent(int index, _tagEvent3D& event) {
@@ -137,7 +151,7 @@ int C3DEventData::ReplaceEvent(int index, _tagEvent3D& event) {
     if (IsTimeSig(event) && !EventsEqual(event, old)) {
         map_.ChangeTimeSig(event, old);
     }
-    EventAt(index) = event;
+    OverwriteEvent(index, event);
     SortEvents();
     return 0;
 }
@@ -185,7 +199,7 @@ void C3DEventData::RealignTimeSigs() {
         if (events_[i].tick != records[left].totalTick) {
             events_[i].tick = records[left].totalTick;
             moved.push_back(events_[i]);
-            EraseEvent(static_cast<int>(i));
+            events_.erase(events_.begin() + static_cast<std::ptrdiff_t>(i));
         }
     }
     for (const _tagEvent3D& event : moved) {
@@ -209,6 +223,7 @@ void C3DEventData::BuildViewList(const std::array<int, kSourceCount>& flags,
 
 void C3DEventData::ClearEvents() {
     events_.clear();
+    countOfId_.fill(0);
     map_.Clear();
     ClearHistory();
 }
@@ -219,9 +234,12 @@ void C3DEventData::CheckInvariants() const {
     const std::vector<SortKey> keys = KeysOf(events_);
     assert(std::adjacent_find(keys.begin(), keys.end(), MustFollow) == keys.end());
     std::vector<std::int32_t> uids;
+    std::array<int, 256> counts{};
     for (const _tagEvent3D& event : events_) {
         uids.push_back(event.uid);
+        ++counts[event.id];
     }
+    assert(counts == countOfId_);
     std::sort(uids.begin(), uids.end());
     assert(std::adjacent_find(uids.begin(), uids.end()) == uids.end());
     if (range_.IsBound()) {

@@ -144,7 +144,11 @@ private:
     };
 
     int TakeEvent(_tagEvent3D& event, Recording recording);
-    void EraseEvent(int index) { events_.erase(events_.begin() + index); }
+    // Every change of the events' number or ids goes through these, which keep the counts.
+    void AppendEvent(const _tagEvent3D& event);
+    void OverwriteEvent(int index, const _tagEvent3D& event);
+    void EraseEvent(int index);
+
     void RealignTimeSigs();
     void CheckInvariants() const;
 
@@ -165,6 +169,7 @@ private:
     std::vector<t_tSigRec> PatternTimeSigs() const;
 
     std::vector<_tagEvent3D> events_;
+    std::array<int, 256> countOfId_{};
     std::int32_t nextUid_ = 0;
     std::int32_t currentUid_ = kNoUid;
     C3DTimeSigMap map_;
