@@ -9,6 +9,10 @@ if(ORBIX_SANITIZE)
                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(orbix_flags INTERFACE -fsanitize=${ORBIX_SANITIZE})
 endif()
+if(ORBIX_BUILD_FUZZ)
+    # Coverage of every room; only the fuzzers themselves link the driver.
+    target_compile_options(orbix_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # orbix_room(NAME FOLDER SOURCES ... HEADERS ... USES ...)
 # A static library for one subsystem, its public headers as a verifiable header set.

@@ -69,8 +69,8 @@ public:
     std::uint32_t GetSetParamLimit() const override;                             // 31
 
 private:
-    bool GetEntry(st_paramTimeSigEntry* entry) const;
-    bool SetEntry(const st_paramTimeSigEntry* entry);
+    bool GetTimeSigEntry(st_paramTimeSigEntry* entry) const;
+    bool SetTimeSigEntry(const st_paramTimeSigEntry* entry);
     bool GetEntries(t_paramTimeSigEntryList* list) const;
     bool SetEntries(const t_paramTimeSigEntryList* list);
 };

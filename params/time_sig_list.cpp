@@ -47,7 +47,8 @@ bool CQelComposite_TimeSigList::Get(std::uint32_t id, void* value, std::uint32_t
             return record != nullptr;
         }
         case 5701:
-            return GetEntry(FormAt<st_paramTimeSigEntry>(value, size, kSizeParamTimeSigEntry));
+            return GetTimeSigEntry(
+                FormAt<st_paramTimeSigEntry>(value, size, kSizeParamTimeSigEntry));
         case 5702:
             return GetEntries(FormAt<t_paramTimeSigEntryList>(value, size, kSizeTimeSigEntryList));
         default:
@@ -58,7 +59,8 @@ bool CQelComposite_TimeSigList::Get(std::uint32_t id, void* value, std::uint32_t
 bool CQelComposite_TimeSigList::Set(std::uint32_t id, void* value, std::uint32_t size) {
     switch (id) {
         case 5701:
-            return SetEntry(FormAt<st_paramTimeSigEntry>(value, size, kSizeParamTimeSigEntry));
+            return SetTimeSigEntry(
+                FormAt<st_paramTimeSigEntry>(value, size, kSizeParamTimeSigEntry));
         case 5702:
             return SetEntries(FormAt<t_paramTimeSigEntryList>(value, size, kSizeTimeSigEntryList));
         default:
@@ -102,7 +104,7 @@ std::uint32_t CQelComposite_TimeSigList::GetSetParamLimit() const {
     return 5701;
 }
 
-bool CQelComposite_TimeSigList::GetEntry(st_paramTimeSigEntry* entry) const {
+bool CQelComposite_TimeSigList::GetTimeSigEntry(st_paramTimeSigEntry* entry) const {
     if (entry == nullptr) {
         return false;
     }
@@ -113,7 +115,7 @@ bool CQelComposite_TimeSigList::GetEntry(st_paramTimeSigEntry* entry) const {
     return block != nullptr;
 }
 
-bool CQelComposite_TimeSigList::SetEntry(const st_paramTimeSigEntry* entry) {
+bool CQelComposite_TimeSigList::SetTimeSigEntry(const st_paramTimeSigEntry* entry) {
     if (entry == nullptr || entry->block == nullptr) {
         return false;
     }
@@ -129,7 +131,7 @@ bool CQelComposite_TimeSigList::GetEntries(t_paramTimeSigEntryList* list) const 
     const std::int32_t count = CountOf(kEntry);
     for (std::int32_t index = 0; index < count; ++index) {
         st_paramTimeSigEntry entry{index};
-        if (GetEntry(&entry)) {
+        if (GetTimeSigEntry(&entry)) {
             list->push_back(entry);
         }
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 #include "sequence/byte_stream.h"
@@ -153,7 +154,7 @@ void CZurSeqTrack::ReadEvents(std::strstream& stream) {
 }
 
 void CZurSeqTrack::Write(std::strstream& stream) const {
-    stream.write(m_tag.data(), m_tag.size());
+    stream.write(m_tag.data(), std::ssize(m_tag));
     const std::streamoff lengthPosition = stream.tellp();
     WriteWord(stream, 0);
     ChunkWriter writer(stream);

@@ -47,7 +47,7 @@ private:
     static constexpr std::size_t kBlock = 16384;
 
     std::streambuf& m_buffer;
+    std::array<std::uint8_t, kBlock + kSlack> m_bytes;  // filled before it is looked at
     const std::uint8_t* m_at = m_bytes.data();
     const std::uint8_t* m_end = m_bytes.data();
-    std::array<std::uint8_t, kBlock + kSlack> m_bytes;  // filled before it is looked at
 };

@@ -1,23 +1,11 @@
 #include "views/numeric_edit.h"
 
-#include <algorithm>
-#include <charconv>
 #include <optional>
 
 #include "platform/hooks.h"
+#include "views/number_text.h"
 
 namespace {
-
-bool IsDigit(char letter) {
-    return letter >= '0' && letter <= '9';
-}
-
-// A number that no int can hold is above every bound, so which one stands for it is the same.
-int NumberOf(const CString& digits, int tooLarge) {
-    int number = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return result.ec == std::errc() ? number : tooLarge;
-}
 
 // The editing message that a key stands for with Ctrl, 0 for none. Key codes come in either case.
 UINT EditingMessage(WPARAM key) {
@@ -77,23 +65,7 @@ void CNumericEdit::SetRange(int lower, int upper) {
 }
 
 int CNumericEdit::Normalize(CString& text) const {
-    if (text.empty()) {
-        return 0;
-    }
-    if (static_cast<std::ptrdiff_t>(text.size()) > m_nLimit) {
-        text = std::to_string(m_nUpper);
-        return 1;
-    }
-    if (!std::all_of(text.begin(), text.end(), IsDigit)) {
-        return 0;
-    }
-    const int number = NumberOf(text, m_nUpper);
-    if (number < m_nLower) {
-        text = std::to_string(m_nLower);
-    } else {
-        text = std::to_string(std::min(number, m_nUpper));
-    }
-    return 1;
+    return NormalizeNumber(text, {m_nLimit, m_nLower, m_nUpper});
 }
 
 void CNumericEdit::SetValueText(const CString& text) {

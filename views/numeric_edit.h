@@ -20,9 +20,7 @@ public:
     /// The number that is put into a box left empty; not held to the bounds.
     void SetFallback(int fallback) { m_nFallback = fallback; }
 
-    /// Brings a text within the bounds: one longer than the limit, digits or not, becomes the
-    /// upper bound. 1 when the text was made valid; 0, and the text as it was, when it is empty
-    /// or holds anything but digits.
+    /// `NormalizeNumber` with this box's bounds.
     int Normalize(CString& text) const;
 
     void SetValueText(const CString& text);
