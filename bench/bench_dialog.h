@@ -18,6 +18,26 @@ inline QApplication& Application() {
     return *application;
 }
 
+/// Shows the dialog, paints it, runs `inside`, closes it.
+inline void RunPainted(CDialog& dialog, const std::function<void(QWidget&)>& inside) {
+    QMetaObject::invokeMethod(
+        qApp,
+        [&] {
+            QWidget& window = *QApplication::activeModalWidget();
+            window.repaint();
+            inside(window);
+            dialog.EndDialog(IDCANCEL);
+        },
+        Qt::QueuedConnection);
+    dialog.DoModal();
+}
+
+/// The editor's template with nothing behind it: the toolkit's share in the editor.
+class BareEditor : public CDialog {
+public:
+    BareEditor() : CDialog(4000, nullptr) {}
+};
+
 /// The editor on a pattern, opened for the length of a measurement.
 class BenchDialog : public COrbixMainDlg {
 public:
@@ -25,17 +45,5 @@ public:
         : COrbixMainDlg(nullptr, &pattern, nullptr, nullptr, link, nullptr, 0, 0, 0, true, "", "") {
     }
 
-    /// Shows the dialog, paints it, runs `inside`, closes it.
-    void Run(const std::function<void(QWidget&)>& inside) {
-        QMetaObject::invokeMethod(
-            qApp,
-            [this, &inside] {
-                QWidget& window = *QApplication::activeModalWidget();
-                window.repaint();
-                inside(window);
-                EndDialog(IDCANCEL);
-            },
-            Qt::QueuedConnection);
-        DoModal();
-    }
+    void Run(const std::function<void(QWidget&)>& inside) { RunPainted(*this, inside); }
 };

@@ -24,6 +24,15 @@ void OpenPaintAndClose(benchmark::State& state) {
 }
 BENCHMARK(OpenPaintAndClose)->ArgName("full")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+void OpenPaintAndCloseBareTemplate(benchmark::State& state) {
+    Application();
+    for (auto _ : state) {
+        BareEditor dialog;
+        RunPainted(dialog, [](QWidget&) {});
+    }
+}
+BENCHMARK(OpenPaintAndCloseBareTemplate)->Unit(benchmark::kMillisecond);
+
 // From the click on Add to the painted list and planes; taken back outside the measurement.
 void ClickAddToPainted(benchmark::State& state) {
     Application();
