@@ -53,6 +53,8 @@ enum ControlId : int {
 
 /// Commands of the accelerators.
 enum CommandId : int {
+    kCommandOpen = 57601,
+    kCommandSave = 57603,
     kCommandDelete = 57635,
     kCommandUndo = 57643,
     kCommandRedo = 57644,

@@ -78,6 +78,11 @@ public:
     void Reset3DManagerByTool3DPattern(CQelCPB_3DPattern* pattern);
     /// Writes the editor's state into a pattern of the caller's.
     void Update3DPatternForTool(CQelCPB_3DPattern* pattern);
+    /// Replaces the table by that of a CSV file, after a question when there is something to
+    /// lose; the list and the fields follow, the history is empty, modified is set. Gives 1 when
+    /// the file was taken in, else 0 with everything as it was and the user told why. Null or an
+    /// empty path gives 0 and says nothing.
+    int Load3DFile(const char* path);
 
     // --- for the graph and the manager ---
 
@@ -183,6 +188,12 @@ private:
     void OnNMRclickList3DEvent(NMHDR* header, LRESULT* result);
     void OnNMDblclkList3DEvent(NMHDR* header, LRESULT* result);
     void ShowChangedVisibility();
+
+    // Files (orbix_main_dlg_files.cpp).
+    void OnBnClickedBtnCsvLoad();
+    void OnBnClickedBtnCsvSave();
+    void OnDropFiles(HDROP drop);
+    void TakeDroppedFile(const CString& path);
 
     // Graph (orbix_main_dlg_graph.cpp).
     void OnPaint();

@@ -61,6 +61,7 @@ void COrbixMainDlg::SetEnableButtonFrom3DEventList(const _tagEvent3D* /*event*/)
     const bool hasCurrent = manager_.CurrentRow() >= 0;
     EnableControl(kBtnUpdate, hasCurrent);
     EnableControl(kBtnDelete, hasCurrent);
+    EnableControl(kBtnCsvSave, manager_.Store().CountEvents(-1) > 0);
     EnableControl(kBtnUndo, manager_.Store().CanUndo());
     EnableControl(kBtnRedo, manager_.Store().CanRedo());
 }

@@ -14,6 +14,7 @@ set(ORBIX_DIALOG_SOURCES
     module.cpp
     orbix_main_dlg.cpp
     orbix_main_dlg_editing.cpp
+    orbix_main_dlg_files.cpp
     orbix_main_dlg_graph.cpp
     orbix_main_dlg_list.cpp
     orbix_main_dlg_start.cpp

@@ -19,9 +19,12 @@ bool HasDriveLetter(const CString& path) {
     return letter >= 'a' && letter <= 'z' && path.size() > 1 && path[1] == ':';
 }
 
+// The file is written in place, so that a disk that is full has to be noticed before it is opened.
+// Here a drive seldom has a letter; else it is the file system that the path lies on.
 bool HasRoomFor(const CString& path, std::size_t bytes) {
-    return !HasDriveLetter(path) ||
-           std::trunc(Hooks().diskFreeBytes(path[0])) >= static_cast<double>(bytes);
+    return HasDriveLetter(path)
+               ? std::trunc(Hooks().diskFreeBytes(path[0])) >= static_cast<double>(bytes)
+               : HasRoomForFile(path, bytes);
 }
 
 }  // namespace

@@ -28,8 +28,25 @@ enum class WriteOutcome { written, notOpened, cutShort };
 /// bytes that went out. Nothing written at all counts as notOpened.
 WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::size_t& written);
 
+/// False when it is known that a file of so many bytes can't be written at `path`: its file system
+/// has less space for this user, or the process is held to smaller files. What a file that stands
+/// there would free is not counted. True when the system can't be asked.
+bool HasRoomForFile(const CString& path, std::size_t bytes);
+
 /// Removes a file; false when it could not be.
 bool DeleteFile(const CString& path);
+
+/// What stands at a path, links followed. What can't be looked at counts as nothing.
+enum class PathKind { none, file, folder };
+PathKind KindOfPath(const CString& path);
+
+/// The most bytes of a path that the editor's file commands take.
+inline constexpr std::size_t kMaxPath = 260;
+
+/// The process's current folder; nothing when it is gone, or too long for a buffer of kMaxPath.
+std::optional<CString> CurrentFolder();
+/// Moves the process there; false, and nothing moved, when it can't.
+bool SetCurrentFolder(const CString& path);
 
 /// The extension of the last path component with its dot ("" when there is none), lower case.
 ORBIX_API CString LowerExtension(const CString& path);

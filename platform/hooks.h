@@ -59,6 +59,7 @@ inline constexpr UINT MB_ICONERROR = 0x10;
 inline constexpr UINT MB_ICONQUESTION = 0x20;
 inline constexpr UINT MB_ICONWARNING = 0x30;
 inline constexpr UINT MB_ICONMASK = 0xF0;
+inline constexpr UINT MB_DEFBUTTON2 = 0x100;
 
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;

@@ -102,6 +102,14 @@ struct Thunk<Handler> {
     }
 };
 
+// void Handler(HDROP): files dropped.
+template <typename T, void (T::*Handler)(HDROP)>
+struct Thunk<Handler> {
+    static void Call(CWnd& target, MessageCall& call) {
+        (static_cast<T&>(target).*Handler)(reinterpret_cast<HDROP>(call.wParam));
+    }
+};
+
 }  // namespace message_map
 
 /// A notification of control `id`, or the command `id` of an accelerator or menu.

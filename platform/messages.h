@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "platform/types.h"
 
 /// Numbers of messages, notifications, keys and styles, with their widespread values.
@@ -25,13 +27,16 @@ inline constexpr UINT WM_RBUTTONUP = 0x0205;
 inline constexpr UINT WM_MBUTTONDOWN = 0x0207;
 inline constexpr UINT WM_MBUTTONUP = 0x0208;
 inline constexpr UINT WM_CAPTURECHANGED = 0x0215;
-/// wParam points at a `const std::vector<CString>`, the paths.
+/// wParam is the HDROP: a `const std::vector<CString>*`, which lives as long as the message.
 inline constexpr UINT WM_DROPFILES = 0x0233;
 inline constexpr UINT WM_CUT = 0x0300;
 inline constexpr UINT WM_COPY = 0x0301;
 inline constexpr UINT WM_PASTE = 0x0302;
 inline constexpr UINT WM_UNDO = 0x0304;
 inline constexpr UINT WM_USER = 0x0400;
+/// To a file dialog's window: its folder as text into the buffer at lParam of wParam bytes, cut to
+/// fit; gives the bytes of the whole folder with its end character.
+inline constexpr UINT CDM_GETFOLDERPATH = WM_USER + 102;
 
 /// Notification codes in WM_COMMAND. An accelerator's command carries code 0, as a click does.
 inline constexpr UINT BN_CLICKED = 0;
@@ -44,6 +49,8 @@ inline constexpr int NM_RCLICK = -5;
 inline constexpr int NM_CUSTOMDRAW = -12;
 inline constexpr int LVN_ITEMCHANGED = -101;
 inline constexpr int TCN_SELCHANGE = -551;
+inline constexpr int CDN_FILEOK = -606;
+inline constexpr int CDN_TYPECHANGE = -607;
 inline constexpr int UDN_DELTAPOS = -722;
 
 /// Custom draw: stages and answers.
@@ -126,6 +133,16 @@ struct NMUPDOWN {
     int iPos = 0;
     int iDelta = 0;
 };
+
+/// CDN_FILEOK and CDN_TYPECHANGE of a file dialog, to the window inside it. The answer 1 to
+/// CDN_FILEOK keeps the dialog open.
+struct OFNOTIFY {
+    NMHDR hdr;
+    DWORD nFilterIndex = 0;  ///< The file type chosen, counted from 1.
+};
+
+/// The files that were dropped on a window, as paths; an address for what is no file here.
+using HDROP = const std::vector<CString>*;
 
 /// The mouse position as mouse messages carry it in lParam.
 constexpr LPARAM PackPoint(POINT point) {

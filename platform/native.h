@@ -20,6 +20,28 @@ namespace native {
 /// is no reachable display, the host's application is console-only, or the thread is wrong.
 bool EnsureToolkit();
 
+// --- file dialog -----------------------------------------------------------------------------
+
+struct FileType {
+    CString description;
+    CString patterns;  ///< "*.csv", several of them with ";" between.
+};
+
+struct FileDialogSetup {
+    bool open;  ///< Else for saving.
+    CString folder;
+    CString name;
+    std::vector<FileType> types;
+};
+
+/// Makes the toolkit's file dialog, hidden: a window of its own, the name field kFileNameField in
+/// it, and a child window that `owner` stands for; sets owner.m_hWnd. The child gets CDN_FILEOK
+/// and CDN_TYPECHANGE. A name that leads into a folder moves the dialog there first, so that at
+/// CDN_FILEOK the field holds the file's name alone, but for a folder that isn't there. RunModal
+/// and DestroyWindow take the window that is given back.
+HWND CreateFileDialog(const FileDialogSetup& setup, CWnd& owner);
+inline constexpr int kFileNameField = 1152;
+
 // --- windows ---------------------------------------------------------------------------------
 
 /// Makes the dialog's window, hidden, with all its controls, each owned by a plain object from
@@ -51,6 +73,7 @@ void Enable(HWND window, bool enable);
 bool IsEnabled(HWND window);
 void Show(HWND window, bool show);
 bool IsVisible(HWND window);
+void SetForeground(HWND window);
 void SetFocus(HWND window);
 HWND GetFocus();
 /// Focus to the next (or previous) control of the dialog in tab order.

@@ -116,6 +116,10 @@ bool CWnd::IsWindowVisible() const {
     return native::IsVisible(m_hWnd);
 }
 
+void CWnd::SetForegroundWindow() {
+    native::SetForeground(m_hWnd);
+}
+
 void CWnd::SetFocus() {
     native::SetFocus(m_hWnd);
 }

@@ -63,6 +63,8 @@ public:
     bool IsWindowEnabled() const;
     void ShowWindow(int command);
     bool IsWindowVisible() const;
+    /// Brings the window to the front and gives it the keyboard, as far as the desktop lets it.
+    void SetForegroundWindow();
     void SetFocus();
     static CWnd* GetFocus();
     void SetCapture();

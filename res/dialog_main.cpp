@@ -41,8 +41,8 @@ static constexpr ControlTemplate kControls[] = {
     {edit, 4022, "", 141, 181, 28, 12, kTabStop, "Tick"},
     {spin, 4023, "", 169, 181, 9, 12, 0, "Tick, up and down"},
 
-    {iconButton, 1029, "LOAD", 184, 176, 42, 18, kTabStop | kDisabled, "Load CSV file"},
-    {iconButton, 1030, "Save", 227, 176, 42, 18, kTabStop | kDisabled, "Save CSV file"},
+    {iconButton, 1029, "LOAD", 184, 176, 42, 18, kTabStop, "Load CSV file"},
+    {iconButton, 1030, "Save", 227, 176, 42, 18, kTabStop, "Save CSV file"},
 
     {groupBox, kNoId, "Setting Type", 3, 197, 128, 25},
     {radioButton, 1038, "3D &Position", 7, 208, 55, 10, kTabStop | kGroupStart},

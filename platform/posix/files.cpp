@@ -1,7 +1,9 @@
 #include "platform/files.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -149,6 +151,44 @@ WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::
         return WriteOutcome::notOpened;
     }
     return written == bytes.size() ? WriteOutcome::written : WriteOutcome::cutShort;
+}
+
+bool HasRoomForFile(const CString& path, std::size_t bytes) {
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur < bytes) {
+        return false;
+    }
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    struct statvfs space {};
+    if (::statvfs(path.c_str(), &space) != 0 &&
+        ::statvfs(folder.empty() ? "." : folder.c_str(), &space) != 0) {
+        return true;
+    }
+    // File systems without a size of their own, and some over a network, tell nothing but zeros.
+    return space.f_blocks == 0 ||
+           static_cast<std::uint64_t>(space.f_bavail) * space.f_frsize >= bytes;
+}
+
+PathKind KindOfPath(const CString& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (!std::filesystem::exists(status)) {
+        return PathKind::none;
+    }
+    return std::filesystem::is_directory(status) ? PathKind::folder : PathKind::file;
+}
+
+std::optional<CString> CurrentFolder() {
+    std::error_code error;
+    CString folder = std::filesystem::current_path(error).string();
+    if (error || folder.size() >= kMaxPath) {
+        return std::nullopt;
+    }
+    return folder;
+}
+
+bool SetCurrentFolder(const CString& path) {
+    return ::chdir(path.c_str()) == 0;
 }
 
 bool DeleteFile(const CString& path) {

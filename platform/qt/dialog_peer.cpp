@@ -1,5 +1,6 @@
 #include "platform/qt/dialog_peer.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -37,23 +38,27 @@ void DialogPeer::paintEvent(QPaintEvent*) {
     }
 }
 
+// The toolkit lets drops through to a window that stands behind a box.
 void DialogPeer::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (event->mimeData()->hasUrls() && (modal == nullptr || modal == this)) {
         event->acceptProposedAction();
     }
 }
 
+// The program that the files come from waits until the drop has been dealt with, so the handler,
+// which may ask the user, comes later.
 void DialogPeer::dropEvent(QDropEvent* event) {
     std::vector<CString> paths;
     for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) {
-            paths.push_back(FromQt(url.toLocalFile()));
-        }
+        paths.push_back(FromQt(url.isLocalFile() ? url.toLocalFile() : url.toString()));
     }
     event->acceptProposedAction();
-    if (Record() != nullptr && !paths.empty()) {
-        dispatch::Send(Record(), WM_DROPFILES, reinterpret_cast<WPARAM>(&paths), 0);
-    }
+    const auto send = [this, paths] {
+        CallOut(
+            [&] { dispatch::Send(Record(), WM_DROPFILES, reinterpret_cast<WPARAM>(&paths), 0); });
+    };
+    QMetaObject::invokeMethod(this, send, Qt::QueuedConnection);
 }
 
 namespace {

@@ -45,7 +45,28 @@ constexpr BoxButton kBoxButtons[] = {
     {MB_YESNO, IDNO, QMessageBox::NoRole, "No"},
 };
 
+// A box that asks is not one that waits.
+class ArrowScope {
+public:
+    ArrowScope() : shown_(QGuiApplication::overrideCursor() != nullptr) {
+        if (shown_) {
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        }
+    }
+    ~ArrowScope() {
+        if (shown_) {
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+    ArrowScope(const ArrowScope&) = delete;
+    ArrowScope& operator=(const ArrowScope&) = delete;
+
+private:
+    bool shown_;
+};
+
 int ShowMessageBox(const CString& text, UINT style) {
+    const ArrowScope arrow;
     QWidget* above = QApplication::activeWindow();
     QMessageBox box(BoxIcon(style), above == nullptr ? QString() : above->windowTitle(), ToQt(text),
                     QMessageBox::NoButton, above);
@@ -57,7 +78,7 @@ int ShowMessageBox(const CString& text, UINT style) {
             QPushButton* made = box.addButton(QString::fromLatin1(button.text), button.role);
             answers.emplace_back(made, button.answer);
             answer = button.answer;
-            if (answers.size() == 1) {
+            if (answers.size() == ((style & MB_DEFBUTTON2) != 0 ? 2U : 1U)) {
                 box.setDefaultButton(made);
             }
             // The last one is what closing the box means.

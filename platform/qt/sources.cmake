@@ -9,6 +9,7 @@ set(ORBIX_QT_SOURCES
     qt/display_probe.cpp
     qt/edit_peer.cpp
     qt/event_dispatch.cpp
+    qt/file_dialog.cpp
     qt/focus.cpp
     qt/hooks_qt.cpp
     qt/key_state.cpp

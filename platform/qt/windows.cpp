@@ -89,6 +89,13 @@ bool IsVisible(HWND window) {
     return Lives(window) && window->widget->isVisible();
 }
 
+void SetForeground(HWND window) {
+    if (Lives(window)) {
+        window->widget->window()->raise();
+        window->widget->window()->activateWindow();
+    }
+}
+
 void SetCapture(HWND window) {
     toolkit::SetCapturedWindow(Lives(window) ? window : nullptr);
 }

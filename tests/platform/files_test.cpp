@@ -107,6 +107,31 @@ TEST_F(Files, WritingInPlaceTellsHowMuchWentOut) {
     EXPECT_FALSE(DeleteFile(Path("file")));
 }
 
+TEST_F(Files, RoomIsRefusedOnlyWhereItIsKnownToLack) {
+    constexpr std::size_t huge = std::size_t{1} << 60U;
+    EXPECT_TRUE(HasRoomForFile(Path("new"), 5000));
+    EXPECT_FALSE(HasRoomForFile(Path("new"), huge));
+    EXPECT_FALSE(HasRoomForFile(folder_, huge));
+    EXPECT_TRUE(HasRoomForFile(Path("none/new"), huge));
+    EXPECT_TRUE(HasRoomForFile("/proc/self/comm", huge)) << "a file system without a size";
+    EXPECT_TRUE(WithFileLimit(1000, [&] {
+        return HasRoomForFile(Path("new"), 1000) && !HasRoomForFile(Path("new"), 1001);
+    }));
+}
+
+TEST_F(Files, TheCurrentFolderFitsIntoItsBuffer) {
+    const fs::path before = fs::current_path();
+    const std::string name(259 - folder_.size() - 1, 'f');
+    for (const bool fits : {true, false}) {
+        const std::string folder = Path((fits ? name : name + "f").c_str());
+        fs::create_directory(folder);
+        EXPECT_TRUE(SetCurrentFolder(folder));
+        EXPECT_EQ(CurrentFolder(), fits ? std::optional(folder) : std::nullopt);
+    }
+    EXPECT_FALSE(SetCurrentFolder(Path("none")));
+    fs::current_path(before);
+}
+
 TEST_F(Files, TheExtensionIsTheLastComponentsInLowerCase) {
     EXPECT_EQ(LowerExtension("/a.b/Take.CSV"), ".csv");
     EXPECT_EQ(LowerExtension("/a.b/take"), "");
