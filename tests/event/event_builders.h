@@ -53,8 +53,11 @@ inline auto StateOf(const C3DEventData& store) {
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(path_); }
-    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-    std::string operator/(const char* name) const { return (path_ / name).string(); }
+    ~TemporaryFolder() {
+        std::filesystem::current_path("/");  // It may be this very folder.
+        std::filesystem::remove_all(path_);
+    }
+    std::string operator/(const std::string& name) const { return (path_ / name).string(); }
 
 private:
     std::filesystem::path path_ =

@@ -4,6 +4,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -37,6 +39,7 @@ public:
         if (mkdtemp(pattern) != nullptr) {
             folder_ = pattern;
             setenv("XDG_RUNTIME_DIR", pattern, 1);
+            setenv("XDG_CONFIG_HOME", pattern, 1);  // The file dialog keeps its history there.
         }
     }
     ~TestEnvironment() {
@@ -228,6 +231,35 @@ int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script)
     });
     poll.start(kPollMilliseconds);
     return dialog.DoModal();
+}
+
+bool WithFileDialog(const std::function<void()>& open,
+                    const std::function<void(QFileDialog&)>& script) {
+    native::EnsureToolkit();
+    bool shown = false;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeWindow());
+        if (dialog == nullptr || shown) {
+            return;
+        }
+        shown = true;
+        script(*dialog);
+        if (dialog->isVisible()) {
+            QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+        }
+    });
+    poll.start(kPollMilliseconds);
+    open();
+    return shown;
+}
+
+bool EnterName(QFileDialog& dialog, const std::string& name) {
+    auto& field = *dialog.findChild<QLineEdit*>("fileNameEdit");
+    field.setFocus();
+    field.setText(QString::fromStdString(name));
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    return !dialog.isVisible();
 }
 
 MessageBoxScript::MessageBoxScript() {

@@ -12,6 +12,7 @@
 #include "platform/dialog.h"
 #include "platform/hooks.h"
 
+class QFileDialog;
 class QWindow;
 
 /// Drives a dialog as a user does: finds widgets by control number and sends real key and mouse
@@ -74,6 +75,13 @@ inline constexpr int kEndedByDriver = -99;
 /// then ends the dialog if it is still open. What the script throws fails the test. Gives
 /// DoModal's result.
 int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script);
+
+/// Does what brings up a file dialog, and runs the script on that once it is shown; a dialog that
+/// is open still is given up then. False when none came.
+bool WithFileDialog(const std::function<void()>& open,
+                    const std::function<void(QFileDialog&)>& script);
+/// Writes the name and presses Enter; true when the dialog has closed.
+bool EnterName(QFileDialog& dialog, const std::string& name);
 
 /// Expected message boxes, in order, with the user's answers. An unexpected box, another text or
 /// style, or a box that never came fails the test. Puts the hooks back at its end.
