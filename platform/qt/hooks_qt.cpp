@@ -65,9 +65,16 @@ private:
     bool shown_;
 };
 
+// Just after a dialog has closed no window may be active yet; the box then belongs to the dialog
+// that is asked for.
+QWidget* WindowBelow() {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr ? active : QApplication::activeModalWidget();
+}
+
 int ShowMessageBox(const CString& text, UINT style) {
     const ArrowScope arrow;
-    QWidget* above = QApplication::activeWindow();
+    QWidget* above = WindowBelow();
     QMessageBox box(BoxIcon(style), above == nullptr ? QString() : above->windowTitle(), ToQt(text),
                     QMessageBox::NoButton, above);
     box.setTextFormat(Qt::PlainText);

@@ -126,14 +126,16 @@ TEST(FileDialogEx, RefusesAPathOf261BytesWithABoxOfItsTitle) {
 }
 
 TEST(FileDialogEx, AnotherTypeChangesTheName) {
-    CFileDialogEx dialog(FALSE, "csv", "take.CSV", kSave, kTwoTypes, nullptr);
+    CFileDialogEx dialog(FALSE, "csv", nullptr, kSave, kTwoTypes, nullptr);
     const auto script = [](QFileDialog& shown) {
-        for (const auto& [key, name] : {std::pair{Qt::Key_Home, "take.CSV"},
-                                        {Qt::Key_Down, "take.txt"},
-                                        {Qt::Key_Up, "take.csv"}}) {
+        auto& field = *shown.findChild<QLineEdit*>("fileNameEdit");
+        field.setText("take.log");
+        for (const auto& [key, name] : {std::pair{Qt::Key_Down, "take.log"},
+                                        {Qt::Key_Up, "take.csv"},
+                                        {Qt::Key_Down, "take.txt"}}) {
             shown.findChild<QComboBox*>("fileTypeCombo")->setFocus();
             QTest::keyClick(shown.windowHandle(), key);
-            EXPECT_EQ(shown.findChild<QLineEdit*>("fileNameEdit")->text(), name);
+            EXPECT_EQ(field.text(), name);
         }
     };
     EXPECT_TRUE(WithFileDialog([&] { dialog.DoModal(); }, script));
