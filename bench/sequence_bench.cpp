@@ -173,11 +173,10 @@ void RunOnce(std::size_t index) {
     results.reserve(group.size());
     std::ofstream("/proc/self/clear_refs") << 5;  // the peak counts from here
     const double before = StatusKilobytes("VmRSS:");
-    double seconds = 0;
-    for (const auto& file : group) {
-        std::strstream& in = file->Rewound();
-        seconds += file->SecondsOf([&] { results.push_back(std::make_unique<Result>(in)); });
-    }
+    const double seconds = SecondsOn(CLOCK_PROCESS_CPUTIME_ID, [&] {
+        for (const auto& file : group)
+            results.push_back(std::make_unique<Result>(file->Rewound()));
+    });
     const double peak = (StatusKilobytes("VmHWM:") - before) * 1024;
     std::printf("%.9f %.3f\n", seconds, peak / BytesOf(group));
 }

@@ -1,6 +1,5 @@
 #include "sequence/event_slab.h"
 
-#include <atomic>
 #include <cstdlib>
 #include <mutex>
 #include <new>
@@ -17,9 +16,8 @@ EventSlotRun EventSlotTake::NewRun() {
     return {slot, slot + kEventSlot};
 }
 
-void ReturnEventSlots(void* slot, std::uint32_t count) {
-    if (count > 0)
-        ::operator delete(slot);
+void ReturnEventSlots(void* slot, std::uint32_t /*count*/) {
+    ::operator delete(slot);
 }
 
 #else
@@ -29,28 +27,23 @@ namespace {
 // A little shorter than its alignment, so that slabs stand without gaps in the heap, which needs a
 // word for each. The aligned form of `operator new` would round the length up again.
 constexpr std::size_t kSlabBytes = kEventSlab - 16;
-constexpr std::uint32_t kSlots = (kSlabBytes - kEventSlot) / kEventSlot;
-
-/// The head of a slab, in the place of a slot.
-struct Slab {
-    std::atomic<std::uint32_t> held;  ///< slots that were not given back, handed out or not
-    Slab* next;                       ///< the spare slab below this one
-};
+constexpr std::size_t kHeadBytes = (sizeof(EventSlab) + kEventSlot - 1) / kEventSlot * kEventSlot;
+constexpr std::uint32_t kSlots = (kSlabBytes - kHeadBytes) / kEventSlot;
 
 /// The empty slabs. Never destroyed: events of static duration may come back last of all.
 class Spares {
 public:
-    Slab* Take() {
+    EventSlab* Take() {
         void* slab = Pop();
         if (!slab)
             slab = std::aligned_alloc(kEventSlab, kSlabBytes);
         if (!slab)
             throw std::bad_alloc();
-        return new (slab) Slab{kSlots, nullptr};
+        return new (slab) EventSlab{kSlots};
     }
 
     /// Runs when an event is deleted, so it must not ask for memory: the slabs are their own list.
-    void Keep(Slab* slab) {
+    void Keep(EventSlab* slab) {
         {
             const std::lock_guard lock(m_mutex);
             if (m_count < kSpareBytes / kEventSlab) {
@@ -72,7 +65,7 @@ private:
     }
 
     std::mutex m_mutex;
-    Slab* m_top = nullptr;
+    EventSlab* m_top = nullptr;
     std::size_t m_count = 0;
 };
 
@@ -82,7 +75,8 @@ Spares& AllSpares() {
 }
 
 void ReleaseRest(const EventSlotRun& run) {
-    ReturnEventSlots(run.next, static_cast<std::uint32_t>((run.end - run.next) / kEventSlot));
+    if (run.next != run.end)
+        ReturnEventSlots(run.next, static_cast<std::uint32_t>((run.end - run.next) / kEventSlot));
 }
 
 /// What is left of the slab that a thread hands out from; goes back with the thread.
@@ -104,15 +98,14 @@ EventSlotTake::~EventSlotTake() {
 }
 
 EventSlotRun EventSlotTake::NewRun() {
-    auto* const first = reinterpret_cast<std::byte*>(AllSpares().Take()) + kEventSlot;
+    auto* const first = reinterpret_cast<std::byte*>(AllSpares().Take()) + kHeadBytes;
     return {first, first + kSlots * kEventSlot};
 }
 
 void ReturnEventSlots(void* slot, std::uint32_t count) {
-    const auto address = reinterpret_cast<std::uintptr_t>(slot);
-    auto* const slab = reinterpret_cast<Slab*>(address - address % kEventSlab);
-    if (count > 0 && slab->held.fetch_sub(count, std::memory_order_acq_rel) == count)
-        AllSpares().Keep(slab);
+    EventSlab& slab = EventSlab::Of(slot);
+    if (slab.held.fetch_sub(count, std::memory_order_acq_rel) == count)
+        AllSpares().Keep(&slab);
 }
 
 #endif

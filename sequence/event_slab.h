@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -63,5 +65,54 @@ inline bool InOneSlab(const void* slot, const void* other) {
 #endif
 }
 
-/// Gives back `count` slots of one slab, of which `slot` is any; 0 does nothing.
+/// Gives back `count` slots of one slab, of which `slot` is any.
 void ReturnEventSlots(void* slot, std::uint32_t count);
+
+/// The head of a slab, in the place of its first slots.
+struct EventSlab {
+    std::atomic<std::uint32_t> held;  ///< slots that were not given back, handed out or not
+    EventSlab* next = nullptr;        ///< the spare slab below this one
+    /// A bit a slot: who destroys an event can see here, without a look at the event itself, that
+    /// there is nothing more to do.
+    std::array<std::atomic<std::uint64_t>, kEventSlab / kEventSlot / 64> marks{};
+
+    static EventSlab& Of(const void* slot) {
+        const auto address = reinterpret_cast<std::uintptr_t>(slot);
+        return *reinterpret_cast<EventSlab*>(address - address % kEventSlab);
+    }
+    static std::size_t NumberOf(const void* slot) {
+        return reinterpret_cast<std::uintptr_t>(slot) % kEventSlab / kEventSlot;
+    }
+};
+
+/// Marks a slot for as long as its slab is in use.
+inline void MarkEventSlot([[maybe_unused]] const void* slot) {
+#ifndef ORBIX_PLAIN_SLOTS
+    const std::size_t number = EventSlab::NumberOf(slot);
+    EventSlab::Of(slot).marks[number / 64].fetch_or(std::uint64_t{1} << number % 64,
+                                                    std::memory_order_relaxed);
+#endif
+}
+
+/// False when nobody marked any slot of the slab.
+inline bool MayHoldMarks([[maybe_unused]] const void* slot) {
+#ifdef ORBIX_PLAIN_SLOTS
+    return true;
+#else
+    std::uint64_t all = 0;
+    for (const auto& word : EventSlab::Of(slot).marks)
+        all |= word.load(std::memory_order_relaxed);
+    return all != 0;
+#endif
+}
+
+/// False when nobody marked the slot.
+inline bool MayBeMarked([[maybe_unused]] const void* slot) {
+#ifdef ORBIX_PLAIN_SLOTS
+    return true;
+#else
+    const std::size_t number = EventSlab::NumberOf(slot);
+    const auto word = EventSlab::Of(slot).marks[number / 64].load(std::memory_order_relaxed);
+    return (word >> number % 64 & 1) != 0;
+#endif
+}

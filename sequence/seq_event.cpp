@@ -88,10 +88,16 @@ void CZurSeqEvent::Release() {
 std::uint8_t* CZurSeqEvent::Allocate(std::uint32_t length) {
     if (length <= m_inline.size())
         return m_inline.data();
-    auto* const data = new (std::nothrow) std::uint8_t[length];
+    auto* const data = AllocateBlock(length);
     if (!data)
         throw kSeqBadEvent;
     return data;
+}
+
+std::uint8_t* CZurSeqEvent::AllocateBlock(std::uint32_t length) {
+    if (m_marksSlot)
+        MarkEventSlot(this);
+    return new (std::nothrow) std::uint8_t[length];
 }
 
 void CZurSeqEvent::CopyFrom(const CZurSeqEvent& other) {
@@ -141,7 +147,7 @@ const std::uint8_t* CZurSeqEvent::GetData() const {
 void CZurSeqEvent::SetData(std::uint32_t delta, const std::uint8_t* data, std::uint32_t length) {
     if (!data || length == 0)
         return;
-    auto* const copy = new (std::nothrow) std::uint8_t[length];
+    auto* const copy = AllocateBlock(length);
     if (!copy)
         return;
     std::memcpy(copy, data, length);

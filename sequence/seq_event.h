@@ -88,6 +88,7 @@ private:
 
     void Release();
     std::uint8_t* Allocate(std::uint32_t length);
+    std::uint8_t* AllocateBlock(std::uint32_t length);
     void CopyFrom(const CZurSeqEvent& other);
     void ReadChannelMessage(std::strstream& stream, std::uint8_t status, std::uint32_t dataBytes);
     void ReadPayload(std::strstream& stream, const std::uint8_t* head, std::uint32_t headLength);
@@ -99,6 +100,8 @@ private:
     std::uint32_t m_length = 0;
     std::uint8_t* m_data = nullptr;
     std::uint8_t m_marked = 0;
+    // Made by `SeqEventBatch`: its slot is marked when the event gets a heap block.
+    bool m_marksSlot = false;
     // Where the data stand when they are short, as nearly all are: these bytes would be padding.
-    std::array<std::uint8_t, 7> m_inline{};
+    std::array<std::uint8_t, 6> m_inline{};
 };

@@ -30,12 +30,20 @@ public:
     static CZurSeqEvent* Parse(EventSlotTake& slots, const std::uint8_t*& at,
                                const std::uint8_t* end, std::uint8_t& status);
 
-    /// `CZurSeqEvent::Write` into memory for a plain event of at most seven bytes: gives the place
+    /// `CZurSeqEvent::Write` into memory for a plain event of at most six bytes: gives the place
     /// behind. Null, and nothing written, for any other event.
     static std::uint8_t* Put(const CZurSeqEvent& event, std::uint8_t* out);
 
-    /// Destroys all events and empties the list.
-    static void DestroyAll(std::vector<CZurSeqEvent*>& events);
+    /// A new, empty event.
+    static CZurSeqEvent* Make(EventSlotTake& slots) {
+        auto* const event = ::new (slots.Take()) CZurSeqEvent;
+        event->m_marksSlot = true;
+        return event;
+    }
+
+    /// Destroys events that `Make` and `Parse` made and empties the list. Only those are looked at
+    /// that got a heap block.
+    static void DestroyMade(std::vector<CZurSeqEvent*>& events);
 
 private:
     static CZurSeqEvent* ParseRare(EventSlotTake& slots, const std::uint8_t*& at,
@@ -69,7 +77,7 @@ inline CZurSeqEvent* SeqEventBatch::Parse(EventSlotTake& slots, const std::uint8
     const std::uint8_t* const data = bytes + 1 + twoByteDelta + ownStatus;
     if (data + dataBytes > end)
         return nullptr;
-    auto* const event = ::new (slots.Take()) CZurSeqEvent;
+    CZurSeqEvent* const event = Make(slots);
     event->m_delta = Pick(twoByteDelta, (bytes[0] & 0x7FU) << 7 | bytes[1], bytes[0]);
     event->m_length = dataBytes + 1;
     event->m_data = event->m_inline.data();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 
 #include "sequence/byte_stream.h"
 #include "sequence/seq_event.h"
@@ -48,7 +47,7 @@ bool CZurSeqEvent::EditPayload(const Payload& payload, std::uint32_t index, std:
     std::array<std::uint8_t, 4> quantity{};
     const std::uint32_t quantityLength = EncodeVarLen(size, quantity.data());
     const std::uint32_t length = payload.head + quantityLength + size;
-    auto* const data = quantityLength ? new (std::nothrow) std::uint8_t[length] : nullptr;
+    auto* const data = quantityLength ? AllocateBlock(length) : nullptr;
     if (!data)
         return false;
     std::uint8_t* out = std::copy_n(m_data, payload.head, data);

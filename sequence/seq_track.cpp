@@ -34,6 +34,7 @@ CZurSeqTrack::CZurSeqTrack(std::strstream& stream) : CZurSeqTrack() {
 
 CZurSeqTrack::CZurSeqTrack(const CZurSeqTrack& other) : CZurSeqTrack() {
     m_tag = other.m_tag;
+    m_allRead = false;
     m_events.reserve(other.m_events.size());
     for (const CZurSeqEvent* const event : other.m_events)
         m_events.push_back(new CZurSeqEvent(*event));
@@ -42,15 +43,26 @@ CZurSeqTrack::CZurSeqTrack(const CZurSeqTrack& other) : CZurSeqTrack() {
 CZurSeqTrack& CZurSeqTrack::operator=(const CZurSeqTrack& other) {
     if (this == &other)
         return *this;
-    SeqEventBatch::DestroyAll(m_events);
+    DestroyEvents();
     CZurSeqTrack copy(other);
     m_tag = copy.m_tag;
+    m_allRead = false;
     m_events.swap(copy.m_events);
     return *this;
 }
 
 CZurSeqTrack::~CZurSeqTrack() {
-    SeqEventBatch::DestroyAll(m_events);
+    DestroyEvents();
+}
+
+void CZurSeqTrack::DestroyEvents() {
+    if (m_allRead) {
+        SeqEventBatch::DestroyMade(m_events);
+        return;
+    }
+    for (CZurSeqEvent* const event : m_events)
+        delete event;
+    m_events.clear();
 }
 
 void CZurSeqTrack::GetChunkTag(std::string& tag) const {
@@ -64,6 +76,7 @@ std::uint32_t CZurSeqTrack::GetEventCount() const {
 void CZurSeqTrack::InsertEvent(std::uint32_t index, CZurSeqEvent* event) {
     if (!event)
         return;
+    m_allRead = false;
     const bool inside = index >= 1 && index <= m_events.size();
     const auto offset = static_cast<std::ptrdiff_t>(inside ? index - 1 : m_events.size());
     m_events.insert(m_events.begin() + offset, event);
@@ -219,78 +232,4 @@ void CZurSeqTrack::SortEvents(SeqEventCompare compare, std::uint32_t first, std:
     if (!compare || first >= last)
         return;
     std::stable_sort(m_events.begin() + first, m_events.begin() + last, compare);
-}
-
-namespace {
-
-/// The notes of one channel and key in a track.
-class NoteWalk {
-public:
-    NoteWalk(const CZurSeqTrack& track, const CZurSeqEvent& event)
-        : m_track(track), m_channel(event.GetData()[0] & 0x0F), m_key(event.GetData()[1]) {}
-
-    bool IsStart(std::uint32_t number) const { return Velocity(number, 0x9) > 0; }
-    bool IsEnd(std::uint32_t number) const {
-        return Velocity(number, 0x8) >= 0 || Velocity(number, 0x9) == 0;
-    }
-    /// Number of the first end behind event `number`; 0 for none.
-    std::uint32_t EndBehind(std::uint32_t number) const {
-        const std::uint32_t count = m_track.GetEventCount();
-        while (++number <= count)
-            if (IsEnd(number))
-                return number;
-        return 0;
-    }
-    /// Number of the last start in front of event `number`; 0 for none.
-    std::uint32_t StartBefore(std::uint32_t number) const {
-        while (--number > 0 && !IsStart(number)) {
-        }
-        return number;
-    }
-
-private:
-    /// Third byte of the event when it is this note under `kind`, else -1.
-    int Velocity(std::uint32_t number, int kind) const {
-        CZurSeqEvent* event = nullptr;
-        if (!m_track.GetEvent(number, event) || !event->GetData() || event->GetLength() < 3)
-            return -1;
-        const std::uint8_t* const data = event->GetData();
-        return data[0] == (kind << 4 | m_channel) && data[1] == m_key ? data[2] : -1;
-    }
-
-    const CZurSeqTrack& m_track;
-    int m_channel;
-    int m_key;
-};
-
-}  // namespace
-
-bool CountNoteLayers(const CZurSeqTrack* track, std::uint32_t number, std::uint32_t& count) {
-    CZurSeqEvent* event = nullptr;
-    if (!track || !track->GetEvent(number, event))
-        return false;
-    if (number == 1) {
-        count = 0;
-        return true;
-    }
-    if (!event->GetData() || event->GetLength() < 2)
-        return false;
-    const NoteWalk notes(*track, *event);
-    std::uint32_t end = notes.EndBehind(number);
-    if (end == 0)
-        return false;
-    // A start in front of `number` always has an end behind it, at the latest `end`.
-    while (const std::uint32_t start = notes.StartBefore(number)) {
-        ++count;
-        const std::uint32_t itsEnd = notes.EndBehind(start);
-        if (itsEnd == end)
-            return true;
-        number = start;
-        end = itsEnd;
-        if (number == 1) {
-            count = 0;
-            return true;
-        }
-    }
-    return true;
 }

@@ -88,11 +88,13 @@ public:
 
 private:
     void ReadEvents(std::strstream& stream);
+    void DestroyEvents();
 
     std::array<char, 4> m_tag{'M', 'T', 'r', 'k'};
     // Owned. Plain pointers, because a track goes two thirds quicker when nothing is written into
     // the list on the way.
     std::vector<CZurSeqEvent*> m_events;
+    bool m_allRead = true;  // no event came in but by `Read`
 };
 
 /// Follows the note at event `number` back through earlier notes of its channel and key that were

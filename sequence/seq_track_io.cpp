@@ -65,7 +65,7 @@ private:
 
     void TakeFromStream() {
         m_block.PutBack();
-        std::unique_ptr<CZurSeqEvent> event(::new (m_slots.Take()) CZurSeqEvent);
+        std::unique_ptr<CZurSeqEvent> event(SeqEventBatch::Make(m_slots));
         event->Read(m_stream, m_status);
         if (!event->GetData())
             throw kSeqBadEvent;

@@ -1,11 +1,11 @@
 #include "sequence/byte_stream.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <array>
+#include <tuple>
 
-#include "tests/sequence/bytes.h"
+#include "tests/sequence/streams.h"
 
 namespace {
 
@@ -21,17 +21,20 @@ TEST(VarLen, ShortestFormBothWays) {
                                                            {0x200000, "81 80 80 00"},
                                                            {0x0FFFFFFF, "FF FF FF 7F"}};
     for (const auto& [value, text] : cases) {
-        const ByteVector bytes = Hex(text);
-        std::array<std::uint8_t, 4> buffer{};
-        ASSERT_EQ(EncodeVarLen(value, buffer.data()), bytes.size());
-        EXPECT_EQ(ByteVector(buffer.begin(), buffer.begin() + bytes.size()), bytes);
-        EXPECT_EQ(DecodeVarLen(bytes.data()), value);
+        std::string buffer(4, '\0');
+        buffer.resize(EncodeVarLen(value, reinterpret_cast<std::uint8_t*>(buffer.data())));
+        EXPECT_EQ(Hex(buffer), text);
+        EXPECT_EQ(DecodeVarLen(Data(buffer)), value);
         std::strstream stream;
         WriteVarLen(value, stream);
-        EXPECT_EQ(ReadVarLen(stream), value) << text;
-        EXPECT_EQ(Written(stream), bytes);
+        EXPECT_EQ(ReadVarLen(stream), value);
+        EXPECT_EQ(Hex(Written(stream)), text);
     }
-    EXPECT_EQ(DecodeVarLen(Hex("80 00").data()), 0U);
+    EXPECT_EQ(DecodeVarLen(Data(Bytes("80 00"))), 0U);
+    std::strstream stream;
+    Put(stream, Bytes("FF FF FF FF FF 7F 05"));  // longer ones wrap at the word
+    EXPECT_EQ(ReadVarLen(stream), 0xFFFFFFFFU);
+    EXPECT_EQ(ReadVarLen(stream), 5U);
 }
 
 TEST(VarLen, TooLargeIsRefusedBeforeAnythingIsWritten) {
@@ -44,104 +47,72 @@ TEST(VarLen, TooLargeIsRefusedBeforeAnythingIsWritten) {
     EXPECT_EQ(stream.pcount(), 0);
 }
 
-TEST(VarLen, LongSequencesWrapAtTheWord) {
+TEST(StreamBytes, TheEndIsNoticedOneReadLate) {
     std::strstream stream;
-    Put(stream, Hex("FF FF FF FF FF 7F 05"));
-    EXPECT_EQ(ReadVarLen(stream), 0xFFFFFFFFU);
-    EXPECT_EQ(ReadVarLen(stream), 5U);
+    Put(stream, "B");
+    EXPECT_EQ(ReadStreamByte(stream), 'B');
+    EXPECT_EQ(ReadStreamByte(stream), 0xFF);
+    EXPECT_EQ(CodeOf([&] { ReadStreamByte(stream); }), -1);
+    std::strstream failed;
+    Put(failed, "B");
+    failed.setstate(std::ios::failbit);
+    EXPECT_EQ(CodeOf([&] { ReadStreamByte(failed); }), -1);
 }
 
-TEST(ReadStreamByteTest, EndIsNoticedOneReadLate) {
-    std::strstream stream;
-    stream.put('\x42');
-    EXPECT_EQ(ReadStreamByte(stream), 0x42);
-    EXPECT_EQ(ReadStreamByte(stream), 0xFF);
-    EXPECT_THROW(
-        {
-            try {
-                ReadStreamByte(stream);
-            } catch (int code) {
-                EXPECT_EQ(code, -1);
-                throw;
-            }
-        },
-        int);
-    std::strstream failed;
-    failed.put('\x42');
-    failed.setstate(std::ios::failbit);
-    EXPECT_THROW(ReadStreamByte(failed), int);
+TEST(StreamBytes, LeftCountsWhatCanStillBeReadInEveryShape) {
+    InEveryShape("abcdef", [](std::strstream& stream) {
+        EXPECT_EQ(BytesLeft(stream), 6U);
+        stream.ignore(2);
+        EXPECT_EQ(BytesLeft(stream), 4U);
+        stream.ignore(9);
+        EXPECT_EQ(BytesLeft(stream), 0U);
+    });
+    std::strstream grown;
+    EXPECT_EQ(BytesLeft(grown), 0U);
+    Put(grown, std::string(100, 'x'));
+    grown.get();
+    Put(grown, std::string(200, 'x'));  // beyond the area that the read before made visible
+    EXPECT_EQ(BytesLeft(grown), 299U);
+    EXPECT_EQ(grown.tellg(), 1);
 }
 
 TEST(ByteOrder, WordsInMemory) {
     std::array<std::uint8_t, 4> word{};
     EncodeBigEndian32(0x01020304, word.data());
     EXPECT_THAT(word, testing::ElementsAre(1, 2, 3, 4));
-    EXPECT_EQ(DecodeBigEndian32(Hex("FF 00 00 06").data()), 0xFF000006U);
+    EXPECT_EQ(DecodeBigEndian32(Data(Bytes("FF 00 00 06"))), 0xFF000006U);
     EncodeLittleEndian32(0x01020304, word.data());
     EXPECT_THAT(word, testing::ElementsAre(4, 3, 2, 1));
     EXPECT_EQ(DecodeLittleEndian32(word.data()), 0x01020304U);
     EncodeBigEndian16(-2, word.data());
     EXPECT_EQ(DecodeBigEndian16(word.data()), 0xFFFE);
-    EXPECT_EQ(DecodeBigEndian16(Hex("FF FF").data()), 65535);
 }
 
-TEST(BytesLeftTest, CountsWhatCanStillBeReadInEveryShapeOfStream) {
-    std::strstream grown;
-    EXPECT_EQ(BytesLeft(grown), 0U);
-    Put(grown, ByteVector(100, 7));
-    EXPECT_EQ(BytesLeft(grown), 100U);
-    grown.get();
-    Put(grown, ByteVector(200, 7));  // beyond the area that the read before made visible
-    EXPECT_EQ(BytesLeft(grown), 299U);
-    EXPECT_EQ(grown.tellg(), 1);
-
-    std::array<char, 6> room{1, 2, 3, 4, 5, 6};
-    std::strstream over(room.data(), 6, std::ios::in | std::ios::out);
-    over.seekp(6);
-    over.get();
-    EXPECT_EQ(BytesLeft(over), 5U);
-    over.ignore(6);
-    EXPECT_EQ(BytesLeft(over), 0U);
-}
-
-TEST(ByteStream, TypedValuesAreBigEndian) {
+TEST(ByteStream, TypedValues) {
     std::strstream stream;
     CZurByteStream out(&stream);
     out << 'a' << std::uint8_t{200} << std::int16_t{-2} << std::uint16_t{0xABCD} << std::int32_t{-3}
         << std::uint32_t{0x01020304};
-    EXPECT_EQ(Written(stream), Hex("61 C8 FF FE AB CD FF FF FF FD 01 02 03 04"));
-    char character = 0;
-    std::uint8_t byte = 0;
-    std::int16_t half = 0;
-    std::uint16_t wideHalf = 0;
-    std::int32_t word = 0;
-    std::uint32_t wideWord = 0;
+    EXPECT_EQ(Hex(Written(stream)), "61 C8 FF FE AB CD FF FF FF FD 01 02 03 04");
+    out << 1.5F << -0.25;  // raw, as they stand in memory
+    EXPECT_EQ(out.TellWrite(), 26);
+    std::tuple<char, std::uint8_t, std::int16_t, std::uint16_t, std::int32_t, std::uint32_t, float,
+               double>
+        got;
     CZurByteStream in(&stream);
-    in >> character >> byte >> half >> wideHalf >> word;
-    in.Peek(wideWord);
+    in >> std::get<0>(got) >> std::get<1>(got) >> std::get<2>(got) >> std::get<3>(got) >>
+        std::get<4>(got);
+    std::uint32_t peeked = 0;
+    in.Peek(peeked);
     EXPECT_EQ(in.TellRead(), 10);
-    wideWord = 0;
-    in >> wideWord;
-    EXPECT_EQ(std::tie(character, byte, half, wideHalf, word, wideWord),
-              std::make_tuple('a', 200, -2, 0xABCD, -3, 0x01020304U));
-    EXPECT_EQ(in.TellRead(), 14);
-}
-
-TEST(ByteStream, RawValuesPassThroughUntouched) {
-    std::strstream stream;
-    CZurByteStream adapter(&stream);
-    adapter << 1.5F << -0.25;
-    float four = 0;
-    double eight = 0;
-    adapter >> four >> eight;
-    EXPECT_EQ(four, 1.5F);
-    EXPECT_EQ(eight, -0.25);
-    EXPECT_EQ(adapter.TellWrite(), 12);
+    in >> std::get<5>(got) >> std::get<6>(got) >> std::get<7>(got);
+    EXPECT_EQ(got, std::make_tuple('a', 200, -2, 0xABCD, -3, peeked, 1.5F, -0.25));
+    EXPECT_EQ(peeked, 0x01020304U);
 }
 
 TEST(ByteStream, ShortReadLeavesZerosAndShowsInThePosition) {
     std::strstream stream;
-    Put(stream, Hex("11 22"));
+    Put(stream, Bytes("11 22"));
     CZurByteStream adapter(&stream);
     std::uint32_t value = 0xEEEEEEEE;
     adapter >> value;
@@ -163,9 +134,7 @@ TEST(ByteStream, BytesAndPositions) {
     EXPECT_EQ(adapter.ReadBytes(got.data(), 3), 3);
     EXPECT_THAT(got, testing::ElementsAre(1, 7, 3));
     adapter.SeekRead(1);
-    EXPECT_EQ(adapter.TellRead(), 1);
-    EXPECT_EQ(adapter.ReadBytes(got.data(), 0), 0);
-    EXPECT_EQ(adapter.ReadBytes(nullptr, 1), 0);
+    EXPECT_EQ(adapter.ReadBytes(got.data(), 0) + adapter.ReadBytes(nullptr, 1), 0);
     EXPECT_EQ(adapter.WriteBytes(got.data(), -1), 0);
     EXPECT_EQ(adapter.TellRead(), 1);
     EXPECT_EQ(adapter.TellWrite(), 4);
@@ -179,26 +148,23 @@ TEST(ByteStream, DoesNothingWithoutAStream) {
     adapter.Peek(word).Peek(raw) << word << raw;
     adapter.SeekRead(3);
     adapter.SeekWrite(3);
-    EXPECT_EQ(word, 77U);
-    EXPECT_EQ(raw, 0.5);
-    EXPECT_EQ(adapter.TellRead(), 0);
-    EXPECT_EQ(adapter.TellWrite(), 0);
-    EXPECT_EQ(adapter.ReadBytes(&word, 4), 0);
-    EXPECT_EQ(adapter.WriteBytes(&word, 4), 0);
+    EXPECT_EQ(std::tie(word, raw), std::make_tuple(77U, 0.5));
+    EXPECT_EQ(adapter.TellRead() + adapter.TellWrite(), 0);
+    EXPECT_EQ(adapter.ReadBytes(&word, 4) + adapter.WriteBytes(&word, 4), 0);
 }
 
 TEST(ByteStream, DestroysAnOwnedStreamOnly) {
     struct Watched : std::strstream {
-        explicit Watched(int& counter) : alive(counter) { ++alive; }
-        ~Watched() override { --alive; }
-        int& alive;
+        explicit Watched(bool& gone) : m_gone(gone) {}
+        ~Watched() override { m_gone = true; }
+        bool& m_gone;
     };
-    int alive = 0;
-    auto* const first = new Watched(alive);
-    { const CZurByteStream borrowed(first); }
-    EXPECT_EQ(alive, 1);
-    { const CZurByteStream owner(first, true); }
-    EXPECT_EQ(alive, 0);
+    bool gone = false;
+    auto* const stream = new Watched(gone);
+    { const CZurByteStream borrowed(stream); }
+    EXPECT_FALSE(gone);
+    { const CZurByteStream owner(stream, true); }
+    EXPECT_TRUE(gone);
 }
 
 }  // namespace

@@ -10,14 +10,15 @@ namespace {
 std::size_t s_now = 0;
 std::size_t s_peak = 0;
 
-void* Count(void* block) {
+void* Take(std::size_t size) {
+    void* const block = std::malloc(size);
     s_now += malloc_usable_size(block);
     s_peak = std::max(s_peak, s_now);
     return block;
 }
-void Release(void* block) {
+void Give(void* block) {
     s_now -= malloc_usable_size(block);
-    std::free(block);  // NOLINT: this is the allocator
+    std::free(block);
 }
 }  // namespace
 
@@ -31,39 +32,13 @@ void MarkHeap() {
     s_peak = s_now;
 }
 
-void* operator new(std::size_t size) {
-    void* const block = std::malloc(size);
-    return block ? Count(block) : throw std::bad_alloc();
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    void* const block = std::aligned_alloc(static_cast<std::size_t>(alignment), size);
-    return block ? Count(block) : throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    void* const block = std::malloc(size);
-    return block ? Count(block) : nullptr;
-}
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
-    return operator new(size, tag);
-}
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-void operator delete[](void* block) noexcept {
-    Release(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-    Release(block);
-}
-void operator delete(void* block) noexcept {
-    Release(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    Release(block);
-}
-void operator delete(void* block, std::align_val_t) noexcept {
-    Release(block);
-}
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
-    Release(block);
-}
+// clang-format off
+void* operator new(std::size_t size) { void* const block = Take(size); return block ? block : throw std::bad_alloc(); }
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Take(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Take(size); }
+void operator delete(void* block) noexcept { Give(block); }
+void operator delete[](void* block) noexcept { Give(block); }
+void operator delete(void* block, std::size_t) noexcept { Give(block); }
+void operator delete[](void* block, std::size_t) noexcept { Give(block); }
+// clang-format on

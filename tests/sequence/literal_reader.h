@@ -1,15 +1,14 @@
 #pragma once
 
-#include <algorithm>
 #include <string>
 
-#include "tests/sequence/bytes.h"
+#include "tests/sequence/streams.h"
 
 /// The oracle: a reader of Standard MIDI Files that takes byte after byte from a vector and makes
 /// the text that a sequence dumps.
 class LiteralReader {
 public:
-    explicit LiteralReader(const ByteVector& bytes) : m_bytes(bytes) {}
+    explicit LiteralReader(const std::string& bytes) : m_bytes(bytes) {}
 
     int Read() {
         return CodeOf([this] { ReadFile(); });
@@ -21,7 +20,7 @@ private:
         if (m_ended)
             throw -1;
         m_ended = m_at == m_bytes.size();
-        return m_ended ? 0xFF : m_bytes[m_at++];
+        return m_ended ? 0xFF : static_cast<std::uint8_t>(m_bytes[m_at++]);
     }
     std::uint32_t VarLen() {
         std::uint32_t value = 0;
@@ -39,47 +38,36 @@ private:
             throw code;
         std::int64_t value = 0;
         while (count-- > 0)
-            value = value * 256 + m_bytes[m_at++];
+            value = value * 256 + Byte();
         return value;
     }
-    void Line(std::uint32_t delta, const ByteVector& bytes) {
-        m_text += std::to_string(delta) + "\t\t";
-        for (const std::uint8_t byte : bytes) {
-            m_text += "0123456789ABCDEF"[byte / 16];
-            m_text += "0123456789ABCDEF"[byte % 16];
-            m_text += ' ';
-        }
-        m_text += '\r';
-    }
-    void ReadPayload(ByteVector& event) {
+    void ReadPayload(std::string& event) {
         const std::uint32_t size = VarLen();
         for (int shift = 21; shift >= 0; shift -= 7)
             if (size >> shift || shift == 0)
-                event.push_back(
-                    static_cast<std::uint8_t>((size >> shift) % 128 + (shift ? 128 : 0)));
+                event += static_cast<char>((size >> shift) % 128 + (shift ? 128 : 0));
         if (size > m_bytes.size() - m_at)
             throw -1;
-        const auto begin = m_bytes.begin() + static_cast<std::ptrdiff_t>(m_at);
-        event.insert(event.end(), begin, begin + size);
+        event.append(m_bytes, m_at, size);
         m_at += size;
     }
     unsigned ReadEvent(unsigned status) {
         const std::uint32_t delta = VarLen();
         if (m_at == m_bytes.size())
             throw -1;
-        if (m_bytes[m_at] >= 0x80)
+        if (m_bytes[m_at] & 0x80)
             status = Byte();
         if (status < 0x80)
             throw -100;
-        ByteVector event{static_cast<std::uint8_t>(status)};
+        std::string event(1, static_cast<char>(status));
         const unsigned kind = status / 16;
         if (kind < 0xF || status == 0xFF)
-            event.push_back(static_cast<std::uint8_t>(Byte()));
+            event += static_cast<char>(Byte());
         if (kind < 0xF && kind != 0xC && kind != 0xD)
-            event.push_back(static_cast<std::uint8_t>(Byte()));
+            event += static_cast<char>(Byte());
         if (kind == 0xF)
             ReadPayload(event);
-        Line(delta, event);
+        m_text += std::to_string(delta) + "\t\t" + Hex(event) + " \r";
         return status;
     }
     void ReadTrack() {
@@ -114,7 +102,7 @@ private:
         }
     }
 
-    const ByteVector& m_bytes;
+    const std::string& m_bytes;
     std::size_t m_at = 0;
     bool m_ended = false;
     std::string m_text;

@@ -2,17 +2,19 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "sequence/zur_sequence.h"
-#include "tests/sequence/bytes.h"
+#include "tests/sequence/streams.h"
 
 inline CZurSeqEvent* NewEvent(const std::string& hex, std::uint32_t delta = 0) {
-    const ByteVector bytes = Hex(hex);
-    return new CZurSeqEvent(delta, static_cast<std::uint32_t>(bytes.size()), bytes.data());
+    const std::string bytes = Bytes(hex);
+    return new CZurSeqEvent(delta, static_cast<std::uint32_t>(bytes.size()), Data(bytes));
 }
 
-/// Appends events given as "delta bytes; delta bytes", the delta in decimal.
-inline void Fill(CZurSeqTrack& track, const std::string& text) {
+/// Events given as "delta bytes; delta bytes", the delta in decimal.
+inline CZurSeqTrack TrackOf(const std::string& text) {
+    CZurSeqTrack track;
     std::istringstream all(text);
     for (std::string one; std::getline(all, one, ';');) {
         std::istringstream in(one);
@@ -21,11 +23,6 @@ inline void Fill(CZurSeqTrack& track, const std::string& text) {
         std::getline(in, one);
         track.InsertEvent(0, NewEvent(one, delta));
     }
-}
-
-inline CZurSeqTrack TrackOf(const std::string& text) {
-    CZurSeqTrack track;
-    Fill(track, text);
     return track;
 }
 
@@ -37,20 +34,23 @@ inline CZurSequence SequenceOf(std::int16_t division, const std::vector<std::str
     return sequence;
 }
 
-/// "delta:bytes" of each event, with blanks between.
+/// The events in the form that `TrackOf` takes.
 inline std::string Text(const CZurSeqTrack& track) {
-    std::ostringstream out;
+    std::string text;
     CZurSeqEvent* event = nullptr;
     for (std::uint32_t number = 1; track.GetEvent(number, event); ++number) {
-        out << (number > 1 ? " " : "") << std::dec << event->GetDelta() << ':' << std::hex
-            << std::uppercase;
-        for (std::uint32_t i = 0; i < event->GetLength(); ++i)
-            out << (event->GetData()[i] < 16 ? "0" : "") << int{event->GetData()[i]};
+        const auto* const data = reinterpret_cast<const char*>(event->GetData());
+        text += (number > 1 ? "; " : "") + std::to_string(event->GetDelta()) + ' ' +
+                Hex({data, data ? event->GetLength() : 0});
     }
-    return out.str();
+    return text;
 }
 
-inline std::string TrackText(const CZurSequence& sequence, std::int32_t number) {
+/// All tracks, a bar between.
+inline std::string Text(const CZurSequence& sequence) {
+    std::string text;
     CZurSeqTrack* track = nullptr;
-    return sequence.GetTrack(number, track) ? Text(*track) : "none";
+    for (std::int32_t number = 1; sequence.GetTrack(number, track); ++number)
+        text += (number > 1 ? " | " : "") + Text(*track);
+    return text;
 }

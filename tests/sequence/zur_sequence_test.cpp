@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "sequence/seq_codes.h"
 #include "tests/sequence/tracks.h"
 
@@ -11,57 +9,18 @@ namespace {
 
 constexpr std::uint32_t kNoTime = 0xFFFFFFFF;
 
-/// Slot of each virtual operation in the class's table; the destructor takes slots 0 and 1.
-template <typename... Operations>
-std::vector<std::uintptr_t> SlotsOf(Operations... operations) {
-    const auto slot = [](auto operation) {
-        std::uintptr_t words[2];
-        static_assert(sizeof operation == sizeof words);
-        std::memcpy(words, &operation, sizeof words);
-        return words[0] / sizeof(void*);  // offset plus 1
-    };
-    return {slot(operations)...};
-}
-
-std::vector<std::uintptr_t> SlotsFrom2To(std::uintptr_t last) {
-    std::vector<std::uintptr_t> slots;
-    for (std::uintptr_t slot = 2; slot <= last; ++slot)
-        slots.push_back(slot);
-    return slots;
-}
-
-TEST(VirtualOrder, IsPartOfTheClasses) {
-    using E = CZurSeqEvent;
-    EXPECT_EQ(
-        SlotsOf(&E::GetKind, &E::Save, &E::GetDelta, &E::SetDelta, &E::GetLength, &E::GetData,
-                &E::SetData, &E::CopyData, &E::RemoveDataByte, &E::InsertDataByte, &E::Dump,
-                &E::Read, &E::Write, &E::SetMarked, &E::IsMarked, &E::MatchesBytes, &E::IsEqual),
-        SlotsFrom2To(18));
-    using T = CZurSeqTrack;
-    EXPECT_EQ(
-        SlotsOf(&T::GetChunkTag, &T::GetEventCount, &T::InsertEvent, &T::InsertEventAtTime,
-                &T::RemoveEvent, &T::RemoveEventAt, &T::GetEvent, &T::FindEvent, &T::GetEventIndex,
-                &T::FindEventByBytes, &T::GetNameEvent, &T::LocateTime, &T::GetElapsedTime,
-                &T::Dump, &T::Read, &T::Write, &T::HasMarkedEvents, &T::ClearMarks),
-        SlotsFrom2To(19));
-    using S = CZurSequence;
-    EXPECT_EQ(SlotsOf(&S::Load, &S::Save, &S::GetFormat, &S::SetFormat, &S::GetDivision,
-                      &S::SetDivision, &S::GetTrackCount, &S::InsertTrack, &S::DeleteTrack,
-                      &S::Clear, &S::Reserved12, &S::GetTrack, &S::GetTrackIndex, &S::Reserved15,
-                      &S::InsertEvent, &S::AddEvent, &S::InsertEventAtTime, &S::RemoveEvent,
-                      &S::RemoveEventAt, &S::MoveEvent, &S::MoveEventAt, &S::GetTrackEvent,
-                      &S::GetEventTime, &S::GetLastMeasure, &S::GetTicksPerMeasure,
-                      &S::GetTimeSignatures, &S::GetTimeSignatureAt, &S::GetTempos, &S::Reserved30,
-                      &S::GetEndTime, &S::GetNoteEndTime, &S::HasMarkedEvents, &S::ClearMarks,
-                      &S::Dump, &S::Read, &S::Write, &S::Init, &S::CopyFrom, &S::FreeTracks),
-              SlotsFrom2To(40));
+/// A track of the sequence, null when it has none of that number.
+CZurSeqTrack* Track(const CZurSequence& sequence, std::int32_t number) {
+    CZurSeqTrack* track = nullptr;
+    sequence.GetTrack(number, track);
+    return track;
 }
 
 TEST(Sequence, WritesItsHeader) {
-    EXPECT_EQ(BytesOf(CZurSequence()), Hex("4D 54 68 64 00 00 00 06 00 00 00 00 01 E0"));
-    EXPECT_EQ(BytesOf(SequenceOf(96, {"", "0 FF 2F 00"})),
-              Hex("4D 54 68 64 00 00 00 06 00 01 00 02 00 60 4D 54 72 6B 00 00 00 00 "
-                  "4D 54 72 6B 00 00 00 04 00 FF 2F 00"));
+    EXPECT_EQ(Hex(BytesOf(CZurSequence())), "4D 54 68 64 00 00 00 06 00 00 00 00 01 E0");
+    EXPECT_EQ(Hex(BytesOf(SequenceOf(96, {"", "0 FF 2F 00"}))),
+              "4D 54 68 64 00 00 00 06 00 01 00 02 00 60 4D 54 72 6B 00 00 00 00 "
+              "4D 54 72 6B 00 00 00 04 00 FF 2F 00");
     EXPECT_EQ(DumpOf(SequenceOf(480, {"96 90 3C 07"})),
               "Format:1\rResolution:480\rTrack:0\r96\t\t90 3C 07 \r");
     const std::vector<std::string> eleven(11);
@@ -69,21 +28,21 @@ TEST(Sequence, WritesItsHeader) {
 }
 
 TEST(Sequence, LoadReplacesReadAppendsAndFailuresLeaveWhatWasRead) {
-    const ByteVector good = BytesOf(SequenceOf(96, {"0 C0 01", "0 FF 2F 00"}));
-    ByteVector broken = good;
+    const std::string good = BytesOf(SequenceOf(96, {"0 C0 01", "0 FF 2F 00"}));
+    std::string broken = good;
     broken.back() = 1;  // a payload of one byte that is not there
     CZurSequence sequence = SequenceOf(50, {"0 C0 07"});
-    const auto run = [&](const ByteVector& bytes, auto operation) {
+    const auto run = [&](const std::string& bytes, auto operation) {
         std::strstream stream;
         Put(stream, bytes);
         return CodeOf([&] { (sequence.*operation)(stream); });
     };
     EXPECT_EQ(run(good, &CZurSequence::Read), 0);
-    EXPECT_EQ(TrackText(sequence, 1) + " " + TrackText(sequence, 2), "0:C007 0:C001");
+    EXPECT_EQ(Text(sequence), "0 C0 07 | 0 C0 01 | 0 FF 2F 00");
     EXPECT_EQ(run(broken, &CZurSequence::Load), kSeqBadTrackEvents);
-    EXPECT_EQ(sequence.GetTrackCount(), 1);
+    EXPECT_EQ(Text(sequence), "0 C0 01");
     EXPECT_EQ(sequence.GetDivision(), 96);
-    EXPECT_EQ(run(Hex("4D 54 68 64 00 00 00 06 00 01 00 02 E2 50"), &CZurSequence::Load),
+    EXPECT_EQ(run(Bytes("4D 54 68 64 00 00 00 06 00 01 00 02 E2 50"), &CZurSequence::Load),
               kSeqBadDivision);
     EXPECT_EQ(sequence.GetFormat(), 1);
     EXPECT_EQ(sequence.GetDivision(), static_cast<std::int16_t>(0xE250));
@@ -98,14 +57,12 @@ TEST(Sequence, TrackNumbersAndCopies) {
     sequence.InsertTrack(1, nullptr);
     sequence.DeleteTrack(5);
     sequence.DeleteTrack(0);
-    EXPECT_EQ(sequence.GetTrackCount(), 4);
-    EXPECT_EQ(TrackText(sequence, 1) + TrackText(sequence, 4), "3:03");
+    EXPECT_EQ(Text(sequence), " | 1 01 | 2 02 | 3 03");
     CZurSeqTrack* track = nullptr;
     for (const int number : {0, -1, 5})
         EXPECT_FALSE(sequence.GetTrack(number, track));
     EXPECT_EQ(track, nullptr);
-    ASSERT_TRUE(sequence.GetTrack(3, track));
-    EXPECT_EQ(sequence.GetTrackIndex(track), 3);
+    EXPECT_EQ(sequence.GetTrackIndex(Track(sequence, 3)), 3);
     EXPECT_EQ(sequence.GetTrackIndex(nullptr), 0);
     sequence.DeleteTrack(1);
     const CZurSequence copy(sequence);
@@ -135,8 +92,7 @@ TEST(Sequence, EventOperationsGoToTheirTrack) {
     sequence.InsertEventAtTime(2, 4, NewEvent("03"));
     sequence.AddEvent(2, {2, 1, 3}, NewEvent("04"));
     sequence.AddEvent(2, {2, 1, 3}, nullptr);
-    EXPECT_EQ(TrackText(sequence, 1), "1:02 5:01");
-    EXPECT_EQ(TrackText(sequence, 2), "4:03 1919:04 0:FF2F00");
+    EXPECT_EQ(Text(sequence), "1 02; 5 01 | 4 03; 1919 04; 0 FF 2F 00");
     EXPECT_EQ(sequence.GetEventTime(3, event), 0U);
     ASSERT_TRUE(sequence.GetTrackEvent(2, 99, 2, event));
     EXPECT_FALSE(sequence.GetTrackEvent(3, 0, 1, event));
@@ -147,8 +103,7 @@ TEST(Sequence, EventOperationsGoToTheirTrack) {
     EXPECT_FALSE(sequence.HasMarkedEvents());
     sequence.RemoveEvent(2, event, true);
     sequence.RemoveEventAt(1, 1, true);
-    EXPECT_EQ(TrackText(sequence, 1), "6:01");
-    EXPECT_EQ(TrackText(sequence, 2), "4:03 1919:FF2F00");
+    EXPECT_EQ(Text(sequence), "6 01 | 4 03; 1919 FF 2F 00");
 }
 
 TEST(SequenceTiming, SignaturesAreLaidOnTheGrid) {
@@ -208,29 +163,27 @@ TEST(SequenceTiming, SignatureAtAPlace) {
 }
 
 TEST(SequenceTiming, MoveEvent) {
+    const std::string before = "0 01; 100 02; 50 FF 2F 00 | 500 FF 2F 00";
     CZurSequence sequence = SequenceOf(480, {"0 01; 100 02; 50 FF 2F 00", "500 FF 2F 00"});
-    CZurSeqTrack* first = nullptr;
-    CZurSeqTrack* second = nullptr;
+    CZurSeqTrack* const first = Track(sequence, 1);
+    CZurSeqTrack* const second = Track(sequence, 2);
     CZurSeqEvent* event = nullptr;
-    sequence.GetTrack(1, first);
-    sequence.GetTrack(2, second);
     first->GetEvent(2, event);
     CZurSeqTrack foreign;
     sequence.MoveEvent(first, event, 5, &foreign);
     sequence.MoveEvent(second, event, 5, first);
     sequence.MoveEvent(nullptr, event, 5, first);
     sequence.MoveEventAt(1, 9, 5, 2);
-    EXPECT_EQ(TrackText(sequence, 1), "0:01 100:02 50:FF2F00");
+    EXPECT_EQ(Text(sequence), before);
     sequence.MoveEvent(first, event, 0, second);
-    EXPECT_EQ(TrackText(sequence, 1), "0:01 150:FF2F00");
-    EXPECT_EQ(TrackText(sequence, 2), "100:02 400:FF2F00");
+    EXPECT_EQ(Text(sequence), "0 01; 150 FF 2F 00 | 100 02; 400 FF 2F 00");
     sequence.MoveEventAt(2, 1, -200, 1);
-    EXPECT_EQ(TrackText(sequence, 1), "0:01 0:02 150:FF2F00");
+    EXPECT_EQ(Text(*first), "0 01; 0 02; 150 FF 2F 00");
     // A signature that moves: its place is read under the old list, 2, 1, 0 in 4/4, and written
     // under the list without it.
     sequence = SequenceOf(480, {"0 FF 58 04 02 02; 960 FF 58 04 04 02; 1920 FF 2F 00"});
     sequence.MoveEventAt(1, 2, 1920, 1);
-    EXPECT_EQ(TrackText(sequence, 1), "0:FF58040202 1920:FF58040402 960:FF2F00");
+    EXPECT_EQ(Text(sequence), "0 FF 58 04 02 02; 1920 FF 58 04 04 02; 960 FF 2F 00");
 }
 
 TEST(SequenceTiming, Lengths) {
@@ -262,7 +215,7 @@ TEST(SequenceTiming, SetDivisionRescaled) {
     EXPECT_EQ(sequence.GetDivision(), 240);
     sequence.SetDivisionRescaled(480);
     EXPECT_EQ(sequence.GetDivision(), 480);
-    EXPECT_EQ(TrackText(sequence, 1) + " " + TrackText(sequence, 2), "2:01 6:02 10:03");
+    EXPECT_EQ(Text(sequence), "2 01; 6 02 | 10 03");
 }
 
 TEST(SequenceTiming, SortTrackRunSortsWhatStandsBeforeTheStop) {
@@ -278,11 +231,11 @@ TEST(SequenceTiming, SortTrackRunSortsWhatStandsBeforeTheStop) {
         sequence.SortTrackRun(1, &limit, before, nullptr);
         sequence.SortTrackRun(2, &limit, before, byStatus);
         sequence.SortTrackRun(1, &limit, before, byStatus);
-        return TrackText(sequence, 1);
+        return Text(sequence);
     };
-    EXPECT_EQ(run(0), "1:03 1:02 1:01 1:00");
-    EXPECT_EQ(run(4), "1:01 1:02 1:03 1:00");
-    EXPECT_EQ(run(9), "1:00 1:01 1:02 1:03");
+    EXPECT_EQ(run(0), "1 03; 1 02; 1 01; 1 00");
+    EXPECT_EQ(run(4), "1 01; 1 02; 1 03; 1 00");
+    EXPECT_EQ(run(9), "1 00; 1 01; 1 02; 1 03");
 }
 
 }  // namespace

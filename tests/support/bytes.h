@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -36,4 +37,8 @@ inline std::string Hex(std::string_view bytes) {
         pairs.pop_back();
     }
     return pairs;
+}
+
+inline const std::uint8_t* Data(const std::string& bytes) {
+    return reinterpret_cast<const std::uint8_t*>(bytes.data());
 }
