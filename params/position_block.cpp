@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "params/device_message.h"
 #include "params/param_block.h"
 #include "sequence/byte_stream.h"
 
@@ -127,23 +128,10 @@ void CQelComposite_3DPosition::ReadChild(std::strstream* stream) {
 }
 
 void CQelComposite_3DPosition::WriteDeviceMessage(std::strstream* stream) const {
-    constexpr std::array<std::uint8_t, 6> kHead = {0xF0, 0x43, 0x79, 0x08, 0x7F, 0x29};
-    constexpr std::array<std::uint8_t, 5> kTail = {0x00, 0x00, 0x00, 0x00, 0xF7};
-    CZurByteStream out(stream, false);
-    for (const auto byte : kHead) {
-        out << byte;
-    }
-    out << static_cast<std::uint8_t>(Parameter(2801));
-    // Data bytes of a message have seven bits, so bits 28 to 31 of the distance do not travel.
-    const std::uint32_t distance = Parameter(2806);
-    for (const int shift : {21, 14, 7, 0}) {
-        out << static_cast<std::uint8_t>((distance >> shift) & 0x7FU);
-    }
-    out << static_cast<std::uint8_t>(Parameter(2804));
-    out << static_cast<std::uint8_t>(Parameter(2805));
-    for (const auto byte : kTail) {
-        out << byte;
-    }
+    const DeviceMessageBytes message = EncodeDeviceMessage(
+        {static_cast<std::uint8_t>(Parameter(2801)), Parameter(2806),
+         static_cast<std::uint8_t>(Parameter(2804)), static_cast<std::uint8_t>(Parameter(2805))});
+    CZurByteStream(stream, false).WriteBytes(message.data(), kDeviceMessageSize);
 }
 
 std::uint32_t CQelComposite_3DPosition::GetFirstGetParam() const {
