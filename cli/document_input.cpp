@@ -13,6 +13,8 @@
 #include "cli/csv_fault.h"
 #include "cli/exit_codes.h"
 #include "event/csv_reader.h"
+#include "midi/midi_file.h"
+#include "midi/pattern_midi.h"
 #include "params/pattern_form.h"
 #include "platform/files.h"
 #include "platform/hooks.h"
@@ -56,18 +58,6 @@ std::string ReadStandardInput() {
                       std::string("standard input: cannot be read: ") + std::strerror(errno));
     }
     return bytes;
-}
-
-std::string ReadInput(const std::string& path) {
-    if (IsStandardStream(path)) {
-        return ReadStandardInput();
-    }
-    CString reason;
-    std::optional<std::string> bytes = ReadWholeFile(path, &reason);
-    if (!bytes) {
-        throw Failure(ExitCode::failed, path + ": cannot be read: " + reason);
-    }
-    return std::move(*bytes);
 }
 
 void AddLeftOut(C3DReport& report, std::ptrdiff_t count) {
@@ -147,24 +137,8 @@ std::string NameOf(const CQelCPB_3DPattern& pattern) {
     return record.name;
 }
 
-void LoadPatternDocument(Document& document, const std::string& bytes) {
-    PatternFault fault;
-    document.pattern = ReadPatternBytes(bytes, fault);
-    if (!document.pattern) {
-        Refuse(document, "not a 3D pattern: " + fault.Text());
-    }
-    document.name = NameOf(*document.pattern);
-    document.store.LoadFromPattern(document.pattern.get(), document.report);
-    RemarkPatternLimit(document);
-}
-
-}  // namespace
-
-std::string NameFromPath(const std::string& path) {
-    if (IsStandardStream(path)) {
-        return NameOf(CQelCPB_3DPattern());
-    }
-    std::string name = std::filesystem::path(path).stem().string();
+// At most kMaxNameBytes, cut between characters.
+std::string CutName(std::string name) {
     if (name.size() > kMaxNameBytes) {
         std::size_t length = kMaxNameBytes;
         // A byte 10xxxxxx continues a UTF-8 character.
@@ -176,15 +150,82 @@ std::string NameFromPath(const std::string& path) {
     return name;
 }
 
+void LoadPatternDocument(Document& document, const std::string& bytes) {
+    PatternFault fault;
+    document.pattern = ReadPatternBytes(bytes, fault);
+    if (!document.pattern) {
+        Refuse(document, "not a 3D pattern: " + fault.Text());
+    }
+    document.name = NameOf(*document.pattern);
+    document.store.LoadFromPattern(document.pattern.get(), document.report);
+    RemarkPatternLimit(document);
+}
+
+void RemarkOtherEvents(C3DReport& report, const PatternFromMidi& content) {
+    const std::uint64_t others =
+        std::uint64_t{content.channelMessages} + content.metaEvents + content.systemMessages;
+    if (others > 0) {
+        report.AddLine("Other events=" + std::to_string(others) + " : channel " +
+                       std::to_string(content.channelMessages) + ", meta " +
+                       std::to_string(content.metaEvents) + ", system " +
+                       std::to_string(content.systemMessages) + " (Entries ignored)");
+    }
+    if (content.positionsLeftOut > 0) {
+        report.AddLine("Positions beyond tick 999999999 or number 32767=" +
+                       std::to_string(content.positionsLeftOut) + " (Entries ignored)");
+    }
+}
+
+void LoadMidiDocument(Document& document, const std::string& bytes, const std::string& path) {
+    MidiFault fault;
+    const auto sequence = ReadMidiBytes(bytes, fault);
+    if (!sequence) {
+        Refuse(document, "not a Standard MIDI File: " + fault.Text());
+    }
+    PatternFromMidi content = PatternFromSequence(*sequence);
+    document.pattern = std::move(content.pattern);
+    document.name = content.name ? CutName(*content.name) : NameFromPath(path);
+    document.store.LoadFromPattern(document.pattern.get(), document.report);
+    RemarkPatternLimit(document);
+    RemarkOtherEvents(document.report, content);
+}
+
+}  // namespace
+
+std::string ReadInput(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return ReadStandardInput();
+    }
+    CString reason;
+    std::optional<std::string> bytes = ReadWholeFile(path, &reason);
+    if (!bytes) {
+        throw Failure(ExitCode::failed, path + ": cannot be read: " + reason);
+    }
+    return std::move(*bytes);
+}
+
+std::string LabelOf(const std::string& path) {
+    return IsStandardStream(path) ? "standard input" : path;
+}
+
+std::string NameFromPath(const std::string& path) {
+    if (IsStandardStream(path)) {
+        return NameOf(CQelCPB_3DPattern());
+    }
+    return CutName(std::filesystem::path(path).stem().string());
+}
+
 Document LoadDocument(const InputOptions& input) {
     Document document;
     document.kind = KindOf(input.path, input.kind, "--from");
-    document.label = IsStandardStream(input.path) ? "standard input" : input.path;
+    document.label = LabelOf(input.path);
     const std::string bytes = ReadInput(input.path);
     const HooksScope scope;
     AnswerWithoutAsking(input.division);
     if (document.kind == FileKind::pattern) {
         LoadPatternDocument(document, bytes);
+    } else if (document.kind == FileKind::midi) {
+        LoadMidiDocument(document, bytes, input.path);
     } else {
         document.pattern = std::make_unique<CQelCPB_3DPattern>();
         document.name = NameFromPath(input.path);

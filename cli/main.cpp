@@ -49,6 +49,7 @@ ExitCode Run(int count, char** arguments) {
     AddShowVerb(program, job);
     AddCheckVerb(program, job);
     AddConvertVerb(program, job);
+    AddMidiVerb(program, job);
     try {
         program.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

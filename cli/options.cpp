@@ -9,8 +9,8 @@
 namespace {
 
 const std::map<std::string, FileKind>& Kinds() {
-    static const std::map<std::string, FileKind> kinds = {{"3dp", FileKind::pattern},
-                                                          {"csv", FileKind::csv}};
+    static const std::map<std::string, FileKind> kinds = {
+        {"3dp", FileKind::pattern}, {"csv", FileKind::csv}, {"mid", FileKind::midi}};
     return kinds;
 }
 
@@ -29,7 +29,8 @@ void AddKindOption(CLI::App& verb, const std::string& name, std::optional<FileKi
 }
 
 void AddInputOptions(CLI::App& verb, InputOptions& input, const std::string& metavar) {
-    verb.add_option(metavar, input.path, "A pattern (.3dp) or an event table (.csv), - for stdin")
+    verb.add_option(metavar, input.path,
+                    "A pattern (.3dp), an event table (.csv) or a MIDI file (.mid), - for stdin")
         ->required()
         ->type_name("");
     AddKindOption(verb, "--from", input.kind,
@@ -52,13 +53,14 @@ FileKind KindOf(const std::string& path, const std::optional<FileKind>& chosen,
         return *chosen;
     }
     if (IsStandardStream(path)) {
-        throw Failure(ExitCode::usage, "a standard stream needs " + option + " 3dp or csv");
+        throw Failure(ExitCode::usage, "a standard stream needs " + option + " 3dp, csv or mid");
     }
     const std::string extension = LowerExtension(path);
     const auto kind = extension.empty() ? Kinds().end() : Kinds().find(extension.substr(1));
     if (kind == Kinds().end()) {
-        throw Failure(ExitCode::usage, path + ": expected a name that ends in .3dp or .csv, or " +
-                                           option + " 3dp or csv");
+        throw Failure(ExitCode::usage,
+                      path + ": expected a name that ends in .3dp, .csv or .mid, or " + option +
+                          " 3dp, csv or mid");
     }
     return kind->second;
 }

@@ -7,8 +7,9 @@ namespace CLI {
 class App;
 }
 
-/// What a file holds: a pattern's serialized block tree, or an event table as text.
-enum class FileKind { pattern, csv };
+/// What a file holds: a pattern's serialized block tree, an event table as text, or a Standard MIDI
+/// File.
+enum class FileKind { pattern, csv, midi };
 
 /// Where a verb takes its document from.
 struct InputOptions {

@@ -5,9 +5,16 @@
 #include "cli/options.h"
 #include "cli/output.h"
 #include "cli/verbs.h"
+#include "midi/midi_file.h"
+#include "midi/pattern_midi.h"
 #include "params/pattern_form.h"
 
 namespace {
+
+constexpr double kMicroseconds = 60000000;  // a minute
+// A tempo event holds 24 bits of microseconds per quarter note.
+constexpr double kSlowest = 4;
+constexpr double kFastest = 60000;
 
 struct ConvertOptions {
     InputOptions input;
@@ -15,14 +22,32 @@ struct ConvertOptions {
     std::string output;
     std::optional<FileKind> outputKind;
     std::optional<std::string> name;
+    std::int16_t format = 0;
+    double tempo = 120;
     bool overwrite = false;
     bool dryRun = false;
 };
 
-std::string PatternBytes(const Document& document, const std::string& name) {
+std::string MidiFileBytes(const Document& document, const CQelCPB_3DPattern& pattern,
+                          const ConvertOptions& options) {
+    std::string refusal;
+    const PatternMidiLayout layout{options.format,
+                                   static_cast<std::uint32_t>(kMicroseconds / options.tempo)};
+    const auto sequence = SequenceFromPattern(pattern, layout, refusal);
+    if (!sequence) {
+        throw Failure(ExitCode::refused, document.label + ": fits no MIDI file: " + refusal);
+    }
+    return WriteMidiBytes(*sequence).value();
+}
+
+std::string OutputBytes(const Document& document, FileKind kind, const ConvertOptions& options) {
+    if (kind == FileKind::csv) {
+        return document.store.CsvText();
+    }
     CQelCPB_3DPattern pattern(*document.pattern);
-    document.store.StoreToPattern(&pattern, name);
-    return WritePatternBytes(pattern);
+    document.store.StoreToPattern(&pattern, options.name.value_or(document.name));
+    return kind == FileKind::midi ? MidiFileBytes(document, pattern, options)
+                                  : WritePatternBytes(pattern);
 }
 
 void WriteDryWords(const ConvertOptions& options, std::size_t size) {
@@ -36,9 +61,7 @@ void WriteDryWords(const ConvertOptions& options, std::size_t size) {
 ExitCode Convert(const ConvertOptions& options) {
     const FileKind kind = KindOf(options.output, options.outputKind, "--to");
     const Document document = LoadDocument(options.input);
-    const std::string bytes = kind == FileKind::csv
-                                  ? document.store.CsvText()
-                                  : PatternBytes(document, options.name.value_or(document.name));
+    const std::string bytes = OutputBytes(document, kind, options);
     CheckTarget(options.output, options.overwrite);
     if (options.dryRun) {
         WriteDryWords(options, bytes.size());
@@ -55,16 +78,23 @@ std::string NameFault(const std::string& name) {
 }
 
 void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
-    verb.add_option("OUT", options.output, "The file to write (.3dp or .csv), - for stdout")
+    verb.add_option("OUT", options.output, "The file to write (.3dp, .csv or .mid), - for stdout")
         ->required()
         ->type_name("");
     AddKindOption(verb, "--to", options.outputKind,
                   "What the output is, whatever its name says; needed with -");
     verb.add_option("--name", options.name,
                     "Name of the pattern that is written, at most 16 bytes. Else a pattern\n"
-                    "keeps its own and a CSV file lends the stem of its name, cut to fit")
+                    "keeps its own, and what has none lends the stem of its name, cut to fit")
         ->check(CLI::Validator(NameFault, "", "name"))
         ->type_name("TEXT");
+    verb.add_option("--format", options.format,
+                    "Of a MIDI file: 0, one track, or 1, a conductor track and one an ID")
+        ->check(CLI::IsMember({0, 1}))
+        ->type_name("0|1");
+    verb.add_option("--tempo", options.tempo, "Of a MIDI file, in beats a minute: 120 else")
+        ->check(CLI::Range(kSlowest, kFastest))
+        ->type_name("BPM");
     verb.add_flag("-f,--force", options.overwrite, "Replace OUT when it exists");
     verb.add_flag("-n,--dry-run", options.dryRun, "Do everything but writing");
 }
@@ -72,8 +102,8 @@ void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
 }  // namespace
 
 void AddConvertVerb(CLI::App& program, Job& job) {
-    CLI::App& verb =
-        *program.add_subcommand("convert", "Turn a pattern into a CSV event table, or back");
+    CLI::App& verb = *program.add_subcommand(
+        "convert", "Turn a pattern, a CSV event table and a MIDI file into each other");
     const auto options = std::make_shared<ConvertOptions>();
     AddInputOptions(verb, options->input, "IN");
     AddOutputOptions(verb, *options);

@@ -41,10 +41,22 @@ std::string LengthText(const C3DEventData& store) {
            std::to_string(end.beat) + ":" + std::to_string(end.tick);
 }
 
+const char* KindText(FileKind kind) {
+    switch (kind) {
+        case FileKind::pattern:
+            return "3D pattern";
+        case FileKind::csv:
+            return "CSV event table";
+        case FileKind::midi:
+            return "Standard MIDI File";
+    }
+    return "";
+}
+
 std::string InfoText(const Document& document) {
     const std::array<std::array<std::string, 2>, 6> rows = {{
         {"File", document.label},
-        {"Kind", document.kind == FileKind::pattern ? "3D pattern" : "CSV event table"},
+        {"Kind", KindText(document.kind)},
         {"Name", Printable(document.name)},
         {"Division", std::to_string(document.store.Division())},
         {"Events", CountsText(document.store)},

@@ -18,3 +18,4 @@ void AddInfoVerb(CLI::App& program, Job& job);
 void AddShowVerb(CLI::App& program, Job& job);
 void AddCheckVerb(CLI::App& program, Job& job);
 void AddConvertVerb(CLI::App& program, Job& job);
+void AddMidiVerb(CLI::App& program, Job& job);

@@ -39,7 +39,9 @@ Shell::~Shell() {
 
 Outcome Shell::Run(const std::string& line, const std::string& input) const {
     std::ofstream(folder_ + "/in", std::ios::binary) << input;
-    const std::string command = "cd '" + folder_ + "/work' && EXAMPLES='" ORBIX_EXAMPLES "' && " +
+    const std::string command = "cd '" + folder_ +
+                                "/work' && EXAMPLES='" ORBIX_EXAMPLES "' SMF='" ORBIX_TEST_DATA
+                                "/smf' && " +
                                 kPrelude + "{ " + line + "\n} <../in >../out 2>../err";
     const int status = std::system(command.c_str());
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

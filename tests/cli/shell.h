@@ -18,7 +18,8 @@ struct Outcome {
 };
 
 /// A fresh folder and a shell inside it, with the program of this build found as `orbix` and the
-/// examples at `$EXAMPLES`. There is little memory, so that a length that is believed shows.
+/// examples at `$EXAMPLES`, MIDI files at `$SMF`. There is little memory, so that a length that is
+/// believed shows.
 class Shell {
 public:
     Shell();
