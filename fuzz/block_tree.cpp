@@ -12,11 +12,11 @@
 #include "params/pattern_block.h"
 #include "params/position_block.h"
 #include "params/time_sig_blocks.h"
-#include "tests/sequence/shapes.h"
+#include "tests/sequence/streams.h"
 
 namespace {
 
-ByteVector WrittenBytes(const CZurBlock& block) {
+std::string WrittenBytes(const CZurBlock& block) {
     std::strstream stream;
     block.Write(&stream);
     return Written(stream);
@@ -54,20 +54,20 @@ void AskAll(CZurComposite& composite) {
 
 // Reading completes a pattern that lacks parts; what was read once stays as it is.
 template <typename Reread>
-void RequireSteady(const ByteVector& written, const Reread& reread) {
-    const ByteVector complete = reread(written);
+void RequireSteady(const std::string& written, const Reread& reread) {
+    const std::string complete = reread(written);
     Require(reread(complete) == complete, "what is written reads back equal");
 }
 
 template <typename Leaf, typename... Arguments>
-ByteVector ReadLeaf(std::strstream& stream, bool anyId, Arguments... arguments) {
+std::string ReadLeaf(std::strstream& stream, bool anyId, Arguments... arguments) {
     Leaf block(arguments...);
     block.Read(&stream, anyId);
-    const ByteVector written = WrittenBytes(block);
+    const std::string written = WrittenBytes(block);
     const auto copy = block.Clone();
     Require(copy->IsEqual(block) && block.IsEqual(*copy), "a clone is equal");
     Require(WrittenBytes(*copy) == written, "a clone writes the same");
-    const auto reread = [&](const ByteVector& bytes) {
+    const auto reread = [&](const std::string& bytes) {
         std::strstream again;
         Put(again, bytes);
         Leaf second(arguments...);
@@ -83,14 +83,14 @@ ByteVector ReadLeaf(std::strstream& stream, bool anyId, Arguments... arguments) 
 }
 
 template <typename Composite, typename... Arguments>
-ByteVector ReadComposite(std::strstream& stream, bool anyId, Arguments... arguments) {
+std::string ReadComposite(std::strstream& stream, bool anyId, Arguments... arguments) {
     Composite composite(arguments...);
     st_paramStream record{static_cast<std::uint8_t>(anyId), 0, 0, &stream};
     Require(composite.Set(2, &record, kSizeParamStream), "a composite reads");
-    const ByteVector written = WrittenBytes(composite);
+    const std::string written = WrittenBytes(composite);
     const Composite copy(composite);
     Require(copy.IsEqual(composite), "a copy is equal");
-    const auto reread = [&](const ByteVector& bytes) {
+    const auto reread = [&](const std::string& bytes) {
         std::strstream again;
         Put(again, bytes);
         Composite second(arguments...);
@@ -107,7 +107,7 @@ ByteVector ReadComposite(std::strstream& stream, bool anyId, Arguments... argume
     return written;
 }
 
-using Reader = std::function<ByteVector(std::strstream&, bool)>;
+using Reader = std::function<std::string(std::strstream&, bool)>;
 
 const std::vector<Reader>& Readers() {
     const t_MBT start;
@@ -140,8 +140,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const Reader& reader = Readers()[(data[0] & 0x7FU) % Readers().size()];
     const bool anyId = data[0] >= 0x80;
-    std::vector<ByteVector> outcomes;
-    InEveryShape(ByteVector(data + 1, data + size), [&](std::strstream& stream) {
+    std::vector<std::string> outcomes;
+    InEveryShape(std::string(data + 1, data + size), [&](std::strstream& stream) {
         outcomes.push_back(reader(stream, anyId));
         Require(outcomes.back() == outcomes.front(), "every shape of a stream reads the same");
     });

@@ -3,10 +3,10 @@
 #include "fuzz/require.h"
 #include "sequence/zur_sequence.h"
 #include "tests/sequence/literal_reader.h"
-#include "tests/sequence/shapes.h"
+#include "tests/sequence/streams.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const ByteVector bytes(data, data + size);
+    const std::string bytes(data, data + size);
     LiteralReader oracle(bytes);
     const int code = oracle.Read();
     InEveryShape(bytes, [&](std::strstream& stream) {

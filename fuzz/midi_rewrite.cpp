@@ -4,17 +4,17 @@
 
 #include "fuzz/require.h"
 #include "sequence/zur_sequence.h"
-#include "tests/sequence/bytes.h"
+#include "tests/sequence/streams.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::strstream stream;
-    Put(stream, ByteVector(data, data + size));
+    Put(stream, std::string(data, data + size));
     std::unique_ptr<CZurSequence> first;
     if (CodeOf([&] { first = std::make_unique<CZurSequence>(stream); }) != 0 ||
         first->GetTrackCount() == 0) {
         return 0;  // no tracks by the sign of their count: none is no count of format 1
     }
-    const ByteVector written = BytesOf(*first);
+    const std::string written = BytesOf(*first);
     std::strstream second;
     Put(second, written);
     std::unique_ptr<CZurSequence> again;

@@ -10,7 +10,7 @@
 
 #include "fuzz/require.h"
 #include "sequence/zur_sequence.h"
-#include "tests/sequence/bytes.h"
+#include "tests/sequence/streams.h"
 
 namespace {
 
@@ -63,12 +63,13 @@ private:
     std::uint32_t AnyTick() { return input_.ConsumeIntegralInRange(0U, kLastTick); }
 
     CZurSeqEvent* NewEvent() {
-        static const std::vector<ByteVector> kinds = {
-            {0x90, 60, 100}, {0x80, 60, 0},          {0xC1, 5},
+        static const std::vector<std::vector<std::uint8_t>> kinds = {
+            {0x90, 60, 100}, {0x80, 60, 0},         {0xC1, 5},
             {0xFF, 0x2F, 0}, {0xF0, 2, 0x7E, 0xF7}, {0xFF, 0x58, 4, 3, 2, 24, 8},
-            {0x90, 60, 0},   {0xFF, 0x03, 1, 'a'},   {0xFF, 0x51, 3, 7, 0xA1, 0x20},
+            {0x90, 60, 0},   {0xFF, 0x03, 1, 'a'},  {0xFF, 0x51, 3, 7, 0xA1, 0x20},
         };
-        ByteVector bytes = kinds[input_.ConsumeIntegralInRange<std::size_t>(0, kinds.size() - 1)];
+        std::vector<std::uint8_t> bytes =
+            kinds[input_.ConsumeIntegralInRange<std::size_t>(0, kinds.size() - 1)];
         bytes.back() = static_cast<std::uint8_t>(bytes.size() == 2 ? 7 : bytes.back());
         return new CZurSeqEvent(input_.ConsumeIntegralInRange(0U, 1000U),
                                 static_cast<std::uint32_t>(bytes.size()), bytes.data());
@@ -130,9 +131,9 @@ private:
             expected.back().first = tick;
         }
         const auto closing = marked ? expected.end() - 1 : expected.end();
-        const auto place =
-            std::find_if(expected.begin(), closing,
-                         [tick](const Moment& moment) { return moment.first > tick; });
+        const auto place = std::find_if(expected.begin(), closing, [tick](const Moment& moment) {
+            return moment.first > tick;
+        });
         expected.insert(place, {tick, event});
         Require(moments == expected, "an event goes in at its tick and moves no other");
     }
@@ -160,7 +161,7 @@ private:
         if (!AnyTrack().GetEvent(static_cast<std::uint32_t>(AnyNumber()), event)) {
             return;
         }
-        const ByteVector before = BytesOf(*event);
+        const std::string before = BytesOf(*event);
         const auto index = static_cast<std::uint32_t>(AnyNumber());
         const bool inserted = event->InsertDataByte(index, 0x11);
         Require(inserted || BytesOf(*event) == before, "a refused edit changes nothing");
