@@ -13,6 +13,7 @@
 #include "cli/csv_fault.h"
 #include "cli/exit_codes.h"
 #include "event/csv_reader.h"
+#include "event/left_out.h"
 #include "midi/midi_file.h"
 #include "midi/pattern_midi.h"
 #include "params/pattern_form.h"
@@ -20,10 +21,6 @@
 #include "platform/hooks.h"
 
 namespace {
-
-constexpr std::uint32_t kParamPositionCount = 2901;
-constexpr std::uint32_t kParamName = 2902;
-constexpr std::uint32_t kParamTimeSigs = 2914;
 
 // Thrown out of the question for a division that nobody is there to answer.
 struct DivisionNotNamed {};
@@ -58,13 +55,6 @@ std::string ReadStandardInput() {
                       std::string("standard input: cannot be read: ") + std::strerror(errno));
     }
     return bytes;
-}
-
-void AddLeftOut(C3DReport& report, std::ptrdiff_t count) {
-    if (count > 0) {
-        report.AddLine(std::to_string(count) + " events over the limit of " +
-                       std::to_string(kMaxEventsPerId) + " an ID (Entries ignored)");
-    }
 }
 
 // A load drops time signatures over the limit without a remark.
@@ -106,37 +96,6 @@ void LoadCsvDocument(Document& document, const std::string& text) {
     Refuse(document, words);
 }
 
-std::uint32_t PositionCount(const CQelCPB_3DPattern& pattern) {
-    st_paramValue record;
-    pattern.GetParam(kParamPositionCount, &record, kSizeParamValue);
-    return record.value;
-}
-
-std::size_t TimeSigCount(const CQelCPB_3DPattern& pattern) {
-    std::vector<t_tSigRec> records;
-    st_paramTimeSigRecords reference{&records};
-    pattern.GetParam(kParamTimeSigs, &reference, kSizeReference);
-    return records.size();
-}
-
-// A load drops what is over the limit of an ID without a remark: all that is missing in the table
-// and has no line of its own.
-void RemarkPatternLimit(Document& document) {
-    const std::vector<CString>& lines = document.report.Lines();
-    const auto told = std::count_if(lines.begin(), lines.end(), [](const CString& line) {
-        return line.ends_with("(Entry ignored)");
-    });
-    const auto given = static_cast<std::ptrdiff_t>(PositionCount(*document.pattern) +
-                                                   TimeSigCount(*document.pattern));
-    AddLeftOut(document.report, given - document.store.CountEvents(-1) - told);
-}
-
-std::string NameOf(const CQelCPB_3DPattern& pattern) {
-    st_paramName record;
-    pattern.GetParam(kParamName, &record, kSizeParamName);
-    return record.name;
-}
-
 // At most kMaxNameBytes, cut between characters.
 std::string CutName(std::string name) {
     if (name.size() > kMaxNameBytes) {
@@ -156,9 +115,9 @@ void LoadPatternDocument(Document& document, const std::string& bytes) {
     if (!document.pattern) {
         Refuse(document, "not a 3D pattern: " + fault.Text());
     }
-    document.name = NameOf(*document.pattern);
+    document.name = PatternName(*document.pattern);
     document.store.LoadFromPattern(document.pattern.get(), document.report);
-    RemarkPatternLimit(document);
+    AddLeftOutOfPattern(*document.pattern, document.store, document.report);
 }
 
 void RemarkOtherEvents(C3DReport& report, const PatternFromMidi& content) {
@@ -186,7 +145,7 @@ void LoadMidiDocument(Document& document, const std::string& bytes, const std::s
     document.pattern = std::move(content.pattern);
     document.name = content.name ? CutName(*content.name) : NameFromPath(path);
     document.store.LoadFromPattern(document.pattern.get(), document.report);
-    RemarkPatternLimit(document);
+    AddLeftOutOfPattern(*document.pattern, document.store, document.report);
     RemarkOtherEvents(document.report, content);
 }
 
@@ -210,7 +169,7 @@ std::string LabelOf(const std::string& path) {
 
 std::string NameFromPath(const std::string& path) {
     if (IsStandardStream(path)) {
-        return NameOf(CQelCPB_3DPattern());
+        return PatternName(CQelCPB_3DPattern());
     }
     return CutName(std::filesystem::path(path).stem().string());
 }

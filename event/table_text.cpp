@@ -54,3 +54,20 @@ std::vector<std::string> TableLines(const C3DEventData& events) {
     }
     return lines;
 }
+
+std::string CountsText(const C3DEventData& store) {
+    std::string text = std::to_string(store.CountEvents(-1)) + " (";
+    for (int id = 0; id < kSourceCount; ++id) {
+        text += "ID " + std::to_string(id) + ": " + std::to_string(store.CountEvents(id)) + ", ";
+    }
+    return text + "time signatures: " + std::to_string(store.CountEvents(kTimeSigId)) + ")";
+}
+
+// The table is in rising order of tick, so that its last event ends it.
+std::string LengthText(const C3DEventData& store) {
+    const int count = store.CountEvents(-1);
+    const std::uint32_t tick = count == 0 ? 0 : store.EventAt(count - 1).tick;
+    const t_MBT end = store.TickToMBT(tick);
+    return std::to_string(tick) + " ticks, last event at " + std::to_string(end.measure) + ":" +
+           std::to_string(end.beat) + ":" + std::to_string(end.tick);
+}

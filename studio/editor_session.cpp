@@ -1,26 +1,72 @@
 #include "studio/editor_session.h"
 
-#include "event/pattern_file.h"
-#include "platform/files.h"
-#include "studio/exit_codes.h"
+#include <QApplication>
+#include <QDialog>
 
-bool EditorSession::Open(const StudioOptions& options, std::string& reason, int& exitCode) {
-    file_ = options.file;
-    range_ = options.range;
-    if (file_.empty()) {
-        pattern_ = std::make_unique<CQelCPB_3DPattern>();
-        return true;
-    }
-    pattern_ = LoadPatternFile(file_, reason);
-    if (pattern_ == nullptr) {
-        exitCode = ReadWholeFile(file_) ? exit_code::kRefused : exit_code::kFailed;
-    }
-    return pattern_ != nullptr;
+#include "params/pattern_form.h"
+#include "platform/controls.h"
+#include "platform/hooks.h"
+
+namespace {
+
+/// Lets the session know its dialog for a scope.
+class OpenScope {
+public:
+    OpenScope(COrbixMainDlg*& place, COrbixMainDlg* dialog) : place_(place) { place_ = dialog; }
+    ~OpenScope() { place_ = nullptr; }
+    OpenScope(const OpenScope&) = delete;
+    OpenScope& operator=(const OpenScope&) = delete;
+
+private:
+    COrbixMainDlg*& place_;
+};
+
+bool IsTextFieldFocused() {
+    return dynamic_cast<CEdit*>(CWnd::GetFocus()) != nullptr;
 }
 
-std::unique_ptr<COrbixMainDlg> EditorSession::MakeDialog() {
+// The toolkit's own dialogs; the editor is none of them.
+bool IsQuestionOpen() {
+    return qobject_cast<QDialog*>(QApplication::activeModalWidget()) != nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<COrbixMainDlg> EditorSession::MakeDialog(const Document& document,
+                                                         const std::string& csvLoadFolder,
+                                                         const std::string& csvSaveFolder) {
+    CQelCPB_3DPattern pattern(document.Pattern());
     const StudioOptions::Range range = range_.value_or(StudioOptions::Range());
-    return std::make_unique<COrbixMainDlg>(nullptr, pattern_.get(), &patch_, nullptr, link_,
-                                           nullptr, static_cast<unsigned short>(0), range.start,
-                                           range.end, !range_.has_value(), "", "");
+    return std::make_unique<COrbixMainDlg>(nullptr, &pattern, &patch_, nullptr, link_, nullptr,
+                                           static_cast<unsigned short>(0), range.start, range.end,
+                                           !range_.has_value(), csvLoadFolder.c_str(),
+                                           csvSaveFolder.c_str());
+}
+
+int EditorSession::Edit(Document& document, StudioSettings& settings) {
+    using Folder = StudioSettings::Folder;
+    const std::unique_ptr<COrbixMainDlg> dialog = MakeDialog(
+        document, settings.LastFolder(Folder::csvLoad), settings.LastFolder(Folder::csvSave));
+    const OpenScope scope(dialog_, dialog.get());
+    const int answer = static_cast<int>(dialog->DoModal());
+    settings.NoteFolder(Folder::csvLoad, dialog->GetInitialDirCsvLoad());
+    settings.NoteFolder(Folder::csvSave, dialog->GetInitialDirCsvSave());
+    if (answer == IDOK && dialog->Get3DPatternForTool() != nullptr) {
+        document.TakeEdited(*dialog->Get3DPatternForTool());
+    }
+    return answer;
+}
+
+std::optional<std::string> EditorSession::Snapshot() const {
+    if (dialog_ == nullptr || dialog_->Get3DPatternForTool() == nullptr || IsTextFieldFocused() ||
+        IsQuestionOpen()) {
+        return std::nullopt;
+    }
+    CQelCPB_3DPattern pattern(*dialog_->Get3DPatternForTool());
+    dialog_->Update3DPatternForTool(&pattern);
+    return WritePatternBytes(pattern);
+}
+
+bool EditorSession::HasChanges() const {
+    return dialog_ != nullptr && (dialog_->GetModified() || dialog_->IsNameModified());
 }

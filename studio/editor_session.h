@@ -1,31 +1,47 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "dialog/orbix_main_dlg.h"
 #include "link/smw_manager.h"
 #include "params/param_block.h"
 #include "params/pattern_block.h"
+#include "studio/document.h"
 #include "studio/options.h"
+#include "studio/studio_settings.h"
 
-/// One document with the surroundings that the editor dialog wants from its host: the pattern as
-/// it stands in the file, a patch block, a link with no device behind it.
+/// The editor dialog on behalf of the program: gives it the surroundings that it wants from a
+/// host, and looks at its state from outside while it is open. Main thread.
 class EditorSession {
 public:
-    /// Reads the pattern of `options.file`, or takes a new one when there is none. False with
-    /// `reason` when the file can't be read (exitCode 1) or is no pattern (3).
-    bool Open(const StudioOptions& options, std::string& reason, int& exitCode);
+    /// `link` is borrowed. A range binds every editing to it.
+    EditorSession(CZurSMWMan& link, std::optional<StudioOptions::Range> range)
+        : link_(link), range_(range) {}
 
-    /// A dialog on the document; the session outlives it.
-    std::unique_ptr<COrbixMainDlg> MakeDialog();
+    /// A dialog on a copy of the document's pattern; the session outlives it.
+    std::unique_ptr<COrbixMainDlg> MakeDialog(const Document& document,
+                                              const std::string& csvLoadFolder = "",
+                                              const std::string& csvSaveFolder = "");
 
-    const std::string& File() const { return file_; }
+    /// Runs the dialog and gives DoModal's result. With IDOK the document has taken the changes
+    /// over. The folders of the dialog's event files come from `settings` and go back there.
+    int Edit(Document& document, StudioSettings& settings);
+
+    /// The dialog that is open, null without one.
+    COrbixMainDlg* OpenDialog() const { return dialog_; }
+
+    /// What OK would give just now, in stored form, though the dialog goes on as if nothing had
+    /// been asked. Nothing while no dialog is open, while a question stands before it, or while a
+    /// text field has the focus: what is half typed there must not be read.
+    std::optional<std::string> Snapshot() const;
+    /// Whether the open dialog holds changes.
+    bool HasChanges() const;
 
 private:
-    std::string file_;
+    CZurSMWMan& link_;
     std::optional<StudioOptions::Range> range_;
-    std::unique_ptr<CQelCPB_3DPattern> pattern_;
     CZurParamBlock patch_{0, 0U};
-    CZurSMWMan link_;
+    COrbixMainDlg* dialog_ = nullptr;
 };

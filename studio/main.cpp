@@ -1,16 +1,21 @@
 #include <QApplication>
-#include <QMessageBox>
+#include <QProcess>
+#include <QWindow>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 
-#include "platform/hooks.h"
-#include "studio/editor_session.h"
+#include "link/smw_manager.h"
 #include "studio/exit_codes.h"
+#include "studio/main_window.h"
 #include "studio/options.h"
+#include "studio/questions.h"
 #include "studio/render.h"
-#include "studio/save.h"
 
 namespace {
+
+// Longest that the editor waits for the window to become the active one, to lie above it.
+constexpr int kActivationMilliseconds = 300;
 
 // What must be in the environment before the toolkit starts.
 void PrepareToolkit(const StudioOptions& options) {
@@ -26,28 +31,54 @@ bool HasDisplay() {
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-void ShowFailure(const std::string& reason) {
-    std::fprintf(stderr, "orbix-studio: %s\n", reason.c_str());
-    QMessageBox::critical(nullptr, "Orbix", QString::fromStdString(reason));
+// Opens what was asked for; the exit code where that ends the program.
+std::optional<int> OpenAtStart(MainWindow& window, const std::string& file) {
+    const bool recovered = window.OfferRecovery(file);
+    std::error_code error;
+    if (file.empty() ||
+        (recovered && std::filesystem::equivalent(window.CurrentDocument().File(), file, error))) {
+        return std::nullopt;
+    }
+    if (recovered) {
+        // This window is taken; the file gets a program of its own.
+        QProcess::startDetached(QApplication::applicationFilePath(),
+                                {"--no-edit", QString::fromStdString(file)});
+        return std::nullopt;
+    }
+    std::string reason;
+    PatternFileFault fault = PatternFileFault::unreadable;
+    if (window.Open(file, reason, &fault)) {
+        return std::nullopt;
+    }
+    ShowFailure(&window, reason);
+    return fault == PatternFileFault::unreadable ? exit_code::kFailed : exit_code::kRefused;
 }
 
-int Edit(const StudioOptions& options) {
-    EditorSession session;
-    std::string reason;
-    int exitCode = exit_code::kDone;
-    if (!session.Open(options, reason, exitCode)) {
-        ShowFailure(reason);
-        return exitCode;
+void EditOnceActive(MainWindow& window) {
+    auto* wait = new QTimer(&window);
+    wait->setSingleShot(true);
+    const auto edit = [&window, wait] {
+        wait->deleteLater();
+        if (window.EditEvents() == -1) {
+            QApplication::exit(exit_code::kAlreadyOpen);
+        }
+    };
+    QObject::connect(wait, &QTimer::timeout, &window, edit);
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, wait, [wait] { wait->start(0); });
+    wait->start(kActivationMilliseconds);
+}
+
+int RunWindow(const StudioOptions& options) {
+    CZurSMWMan link;
+    MainWindow window(link, options.range);
+    window.show();
+    if (const std::optional<int> exitCode = OpenAtStart(window, options.file)) {
+        return *exitCode;
     }
-    const std::unique_ptr<COrbixMainDlg> dialog = session.MakeDialog();
-    switch (dialog->DoModal()) {
-        case IDOK:
-            return SaveEditedPattern(*dialog->Get3DPatternForTool(), session.File());
-        case IDCANCEL:
-            return exit_code::kDone;
-        default:
-            return exit_code::kAlreadyOpen;
+    if (options.edit) {
+        EditOnceActive(window);
     }
+    return QApplication::exec();
 }
 
 }  // namespace
@@ -67,6 +98,7 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName("orbix-studio");
+    QApplication::setApplicationDisplayName("Orbix");
     QApplication::setDesktopFileName("orbix-studio");
-    return options->renderTo.empty() ? Edit(*options) : RenderToFile(*options);
+    return options->renderTo.empty() ? RunWindow(*options) : RenderToFile(*options);
 }

@@ -15,6 +15,8 @@ struct StudioOptions {
     };
     std::optional<Range> range;
 
+    bool edit = true;  ///< Open the editor at once.
+
     std::string renderTo;  ///< PNG file; not empty means: draw, don't open a window.
     bool renderEditor = false;
     std::string zoom;     ///< Metres as the zoom box shows them; empty keeps the default.

@@ -10,6 +10,7 @@
 #include "platform/controls.h"
 #include "platform/files.h"
 #include "platform/hooks.h"
+#include "studio/document.h"
 #include "studio/editor_session.h"
 #include "studio/exit_codes.h"
 
@@ -94,14 +95,20 @@ int RenderToFile(const StudioOptions& options) {
         std::fprintf(stderr, "%s\n", text.c_str());
         return IDOK;
     };
-    EditorSession session;
-    CString reason;
-    int exitCode = exit_code::kDone;
-    if (!session.Open(options, reason, exitCode)) {
+    std::string reason;
+    PatternFileFault fault = PatternFileFault::unreadable;
+    const std::optional<Document> document =
+        options.file.empty() ? Document() : Document::Open(options.file, reason, &fault);
+    if (!document) {
         std::fprintf(stderr, "orbix-studio: %s\n", reason.c_str());
-        return exitCode;
+        return fault == PatternFileFault::unreadable ? exit_code::kFailed : exit_code::kRefused;
     }
-    const std::unique_ptr<COrbixMainDlg> dialog = session.MakeDialog();
+    for (const CString& line : document->Report().Lines()) {
+        std::fprintf(stderr, "%s\n", line.c_str());
+    }
+    CZurSMWMan link;
+    EditorSession session(link, options.range);
+    const std::unique_ptr<COrbixMainDlg> dialog = session.MakeDialog(*document);
     if (!WritePicture(PictureDialog(*dialog, options).Take(), options.renderTo, reason)) {
         std::fprintf(stderr, "orbix-studio: %s: %s\n", options.renderTo.c_str(), reason.c_str());
         return exit_code::kFailed;

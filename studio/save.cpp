@@ -1,62 +1,77 @@
 #include "studio/save.h"
 
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QPushButton>
+#include <algorithm>
+#include <filesystem>
 
-#include "event/pattern_file.h"
-#include "studio/exit_codes.h"
+#include "studio/questions.h"
 
 namespace {
 
-enum class Choice { tryAgain, otherName, giveUp };
-
-std::string AskForName() {
-    QFileDialog dialog(nullptr, QObject::tr("Save Pattern"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(QObject::tr("3D patterns (*.3dp)"));
-    dialog.setDefaultSuffix("3dp");
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return {};
+// A name for a pattern that has no file yet.
+std::string SuggestionFor(const Document& document) {
+    if (!document.File().empty()) {
+        return document.File();
     }
-    return dialog.selectedFiles().constFirst().toStdString();
+    std::string name = document.Name();
+    std::replace(name.begin(), name.end(), '/', '-');
+    return (name.empty() || name.front() == '.' ? document.Label() : name) + ".3dp";
 }
 
-Choice AskWhatNext(const std::string& text, bool canTryAgain) {
-    QMessageBox box(QMessageBox::Warning, QObject::tr("Orbix"), QString::fromStdString(text));
-    const QAbstractButton* again =
-        canTryAgain ? box.addButton(QObject::tr("&Try Again"), QMessageBox::AcceptRole) : nullptr;
-    QPushButton* other = box.addButton(QObject::tr("&Save As..."), QMessageBox::AcceptRole);
-    const QAbstractButton* discard =
-        box.addButton(QObject::tr("&Discard Changes"), QMessageBox::DestructiveRole);
-    box.setDefaultButton(other);
-    box.setEscapeButton(other);
-    box.exec();
-    if (box.clickedButton() == discard) {
-        return Choice::giveUp;
+std::string AskForName(QWidget* parent, const Document& document, const StudioSettings& settings) {
+    const std::string folder =
+        document.File().empty() ? settings.LastFolder(StudioSettings::Folder::patterns)
+                                : std::filesystem::path(document.File()).parent_path().string();
+    return AskForFileToSave(parent, folder, SuggestionFor(document));
+}
+
+void NoteSaved(const std::string& file, StudioSettings& settings) {
+    settings.NoteRecent(file);
+    settings.NoteFolder(StudioSettings::Folder::patterns,
+                        std::filesystem::path(file).parent_path().string());
+}
+
+bool SaveTo(QWidget* parent, Document& document, StudioSettings& settings, std::string file) {
+    while (!file.empty()) {
+        std::string reason;
+        if (document.Save(file, reason)) {
+            NoteSaved(document.File(), settings);
+            return true;
+        }
+        const RetryChoice choice = AskAfterFailedSave(parent, reason);
+        if (choice == RetryChoice::cancel) {
+            return false;
+        }
+        if (choice == RetryChoice::otherName) {
+            file = AskForName(parent, document, settings);
+        }
     }
-    return again != nullptr && box.clickedButton() == again ? Choice::tryAgain : Choice::otherName;
+    return false;
 }
 
 }  // namespace
 
-int SaveEditedPattern(CQelCPB_3DPattern& pattern, std::string file) {
-    for (;;) {
-        Choice next = Choice::otherName;
-        if (file.empty() && (file = AskForName()).empty()) {
-            next = AskWhatNext("The pattern has not been saved.", false);
-        } else {
-            std::string reason;
-            if (SavePatternFile(file, pattern, reason)) {
-                return exit_code::kDone;
-            }
-            next = AskWhatNext(reason, true);
-        }
-        if (next == Choice::giveUp) {
-            return exit_code::kFailed;
-        }
-        if (next == Choice::otherName) {
-            file.clear();
-        }
+bool SaveDocument(QWidget* parent, Document& document, StudioSettings& settings) {
+    if (document.File().empty()) {
+        return SaveDocumentAs(parent, document, settings);
     }
+    return SaveTo(parent, document, settings, document.File());
+}
+
+bool SaveDocumentAs(QWidget* parent, Document& document, StudioSettings& settings) {
+    return SaveTo(parent, document, settings, AskForName(parent, document, settings));
+}
+
+bool MayClose(QWidget* parent, Document& document, StudioSettings& settings) {
+    if (!document.IsModified()) {
+        return true;
+    }
+    switch (AskWhetherToSave(parent, document.Label())) {
+        case CloseChoice::save:
+            return SaveDocument(parent, document, settings);
+        case CloseChoice::discard:
+            return true;
+        case CloseChoice::cancel:
+            break;
+    }
+    return false;
 }

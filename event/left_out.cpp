@@ -1,0 +1,50 @@
+#include "event/left_out.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "params/value_forms.h"
+
+namespace {
+
+constexpr std::uint32_t kParamPositionCount = 2901;
+constexpr std::uint32_t kParamName = 2902;
+constexpr std::uint32_t kParamTimeSigs = 2914;
+
+std::uint32_t PositionCount(const CQelCPB_3DPattern& pattern) {
+    st_paramValue record;
+    pattern.GetParam(kParamPositionCount, &record, kSizeParamValue);
+    return record.value;
+}
+
+std::size_t TimeSigCount(const CQelCPB_3DPattern& pattern) {
+    std::vector<t_tSigRec> records;
+    st_paramTimeSigRecords reference{&records};
+    pattern.GetParam(kParamTimeSigs, &reference, kSizeReference);
+    return records.size();
+}
+
+}  // namespace
+
+void AddLeftOut(C3DReport& report, std::ptrdiff_t count) {
+    if (count > 0) {
+        report.AddLine(std::to_string(count) + " events over the limit of " +
+                       std::to_string(kMaxEventsPerId) + " an ID (Entries ignored)");
+    }
+}
+
+void AddLeftOutOfPattern(const CQelCPB_3DPattern& pattern, const C3DEventData& store,
+                         C3DReport& report) {
+    const std::vector<CString>& lines = report.Lines();
+    const auto told = std::count_if(lines.begin(), lines.end(), [](const CString& line) {
+        return line.ends_with("(Entry ignored)");
+    });
+    const auto given = static_cast<std::ptrdiff_t>(PositionCount(pattern) + TimeSigCount(pattern));
+    AddLeftOut(report, given - store.CountEvents(-1) - told);
+}
+
+std::string PatternName(const CQelCPB_3DPattern& pattern) {
+    st_paramName record;
+    pattern.GetParam(kParamName, &record, kSizeParamName);
+    return record.name;
+}

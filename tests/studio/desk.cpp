@@ -1,0 +1,128 @@
+#include "tests/studio/desk.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "event/event_store.h"
+#include "params/value_forms.h"
+#include "platform/native.h"
+#include "tests/event/event_builders.h"
+
+Desk::Desk() {
+    char pattern[] = "/tmp/orbix-desk-XXXXXX";
+    folder_ = mkdtemp(pattern);
+    setenv("XDG_DATA_HOME", (folder_ / "data").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
+    native::EnsureToolkit();
+    QObject::connect(&poll_, &QTimer::timeout, [this] { Serve(); });
+    poll_.start(1);
+}
+
+Desk::~Desk() {
+    EXPECT_TRUE(scripts_.empty()) << scripts_.size() << " modal windows never came";
+    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
+    std::filesystem::remove_all(folder_);
+}
+
+std::string Desk::Files() const {
+    std::set<std::string> lines;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
+        const std::string path = entry.path().string();
+        lines.insert(path + "=" + (entry.is_regular_file() ? Bytes(path) : ""));
+    }
+    std::string all;
+    for (const std::string& line : lines) {
+        all += line + "\n";
+    }
+    return all;
+}
+
+Desk& Desk::Next(std::function<void(QWidget&)> serve) {
+    scripts_.push_back(std::move(serve));
+    return *this;
+}
+
+Desk& Desk::Box(const std::string& text, const std::string& button) {
+    return Next([=](QWidget& window) {
+        const auto* box = qobject_cast<QMessageBox*>(&window);
+        EXPECT_TRUE(box != nullptr && box->text().toStdString().find(text) != std::string::npos)
+            << "expected a box with: " << text << "\nfound: "
+            << (box != nullptr ? box->text() : window.windowTitle()).toStdString();
+        ClickButton(window, button);
+    });
+}
+
+Desk& Desk::File(const std::string& name) {
+    return Next([=](QWidget& window) {
+        EXPECT_NE(qobject_cast<QFileDialog*>(&window), nullptr)
+            << window.windowTitle().toStdString();
+        if (name.empty()) {
+            QTest::keyClick(&window, Qt::Key_Escape);
+            return;
+        }
+        auto* edit = window.findChild<QLineEdit*>("fileNameEdit");
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, QString::fromStdString(name));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+void Desk::Serve() {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr || window == served_ || !window->isActiveWindow()) {
+        served_ = window == nullptr ? nullptr : served_;
+        return;
+    }
+    served_ = window;
+    if (scripts_.empty()) {
+        const auto* box = qobject_cast<QMessageBox*>(window);
+        ADD_FAILURE() << "unexpected window: " << window->windowTitle().toStdString() << ": "
+                      << (box != nullptr ? box->text().toStdString() : "");
+        window->close();
+        return;
+    }
+    const auto serve = std::move(scripts_.front());
+    scripts_.pop_front();
+    serve(*window);
+}
+
+void ClickButton(QWidget& window, const std::string& text) {
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        if (button->text().remove('&').toStdString() == text) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << text;
+    window.close();
+}
+
+std::string Bytes(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void PutBytes(const std::string& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+CQelCPB_3DPattern Positions(int count, int bad) {
+    C3DEventData store;
+    Add(store, TimeSig(0, 4, 4));
+    CQelCPB_3DPattern pattern;
+    for (int i = 0; i < count; ++i) {
+        Add(store, Position(static_cast<std::uint8_t>(i % 4), static_cast<std::uint32_t>(i) * 120));
+    }
+    store.StoreToPattern(&pattern, "Song");
+    std::vector<t_tSigRec> timeSigs = {{}};
+    for (int i = 0; i < bad; ++i) {
+        timeSigs.push_back({0, static_cast<std::uint32_t>(i) + 2, 1, 0, 99, 4});
+    }
+    st_paramTimeSigRecords reference{&timeSigs};
+    pattern.SetParam(2914, &reference, kSizeReference);
+    return pattern;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "params/pattern_block.h"
+
+/// A desk of its own for a test: folders for documents, data and configuration, gone at its end,
+/// and a user who serves the modal windows that come up.
+class Desk {
+public:
+    Desk();
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    std::string operator/(const std::string& name) const { return (folder_ / name).string(); }
+    const std::filesystem::path& Folder() const { return folder_; }
+    /// All files below the folder with their bytes, sorted.
+    std::string Files() const;
+
+    /// What to do with the next modal window that nobody has served yet. A window that comes
+    /// unexpected, or one that never comes, fails the test.
+    Desk& Next(std::function<void(QWidget&)> serve);
+    /// The next one is a box: its text must hold `text`; then the button is clicked.
+    Desk& Box(const std::string& text, const std::string& button);
+    /// The next one asks for a file: types the name and Enter, or Esc for "".
+    Desk& File(const std::string& name);
+
+private:
+    void Serve();
+
+    std::filesystem::path folder_;
+    QTimer poll_;
+    QWidget* served_ = nullptr;
+    std::deque<std::function<void(QWidget&)>> scripts_;
+};
+
+/// Clicks the button with this text, marks for keys left out.
+void ClickButton(QWidget& window, const std::string& text);
+
+/// The whole file; "" when there is none.
+std::string Bytes(const std::string& file);
+void PutBytes(const std::string& file, const std::string& bytes);
+
+/// A pattern with `count` positions, 120 ticks apart, and `bad` time signatures that a load leaves
+/// out with a remark each.
+CQelCPB_3DPattern Positions(int count, int bad = 0);
