@@ -39,6 +39,9 @@ std::vector<std::string> StudioSettings::RecentFiles() const {
 
 void StudioSettings::NoteRecent(const std::string& file) {
     std::vector<std::string> files = RecentFiles();
+    if (!files.empty() && files.front() == file) {
+        return;
+    }
     std::erase(files, file);
     files.insert(files.begin(), file);
     if (files.size() > kMostRecent) {
@@ -67,8 +70,10 @@ std::string StudioSettings::LastFolder(Folder folder) const {
 }
 
 void StudioSettings::NoteFolder(Folder folder, const std::string& path) {
-    store_.setValue(KeyOf(folder), QByteArray::fromStdString(path));
-    store_.sync();
+    if (path != LastFolder(folder)) {
+        store_.setValue(KeyOf(folder), QByteArray::fromStdString(path));
+        store_.sync();
+    }
 }
 
 QByteArray StudioSettings::WindowGeometry() const {

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <deque>
@@ -33,7 +34,7 @@ public:
     Desk& Next(std::function<void(QWidget&)> serve);
     /// The next one is a box: its text must hold `text`; then the button is clicked.
     Desk& Box(const std::string& text, const std::string& button);
-    /// The next one asks for a file: types the name and Enter, or Esc for "".
+    /// The next one asks for a file: the name and Enter, or Esc for "".
     Desk& File(const std::string& name);
 
 private:
@@ -41,7 +42,7 @@ private:
 
     std::filesystem::path folder_;
     QTimer poll_;
-    QWidget* served_ = nullptr;
+    QPointer<QWidget> served_;
     std::deque<std::function<void(QWidget&)>> scripts_;
 };
 
