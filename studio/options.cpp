@@ -45,7 +45,9 @@ std::optional<StudioOptions> ParseCommandLine(int argc, char** argv, int& exitCo
     app.add_option("--range", range, "Edit only the ticks START to END")
         ->type_name("START:END")
         ->check(CheckRange);
-    app.add_flag("!--no-edit", options.edit, "Start with the window alone, without the editor");
+    app.add_flag_callback(
+        "--no-edit", [&options] { options.edit = false; },
+        "Start with the window alone, without the editor");
     CLI::Option* render =
         app.add_option("--render", options.renderTo, "Draw to a PNG file, without a display")
             ->type_name("OUT.png");
