@@ -37,10 +37,9 @@ std::unique_ptr<COrbixMainDlg> EditorSession::MakeDialog(const Document& documen
                                                          const std::string& csvSaveFolder) {
     CQelCPB_3DPattern pattern(document.Pattern());
     const StudioOptions::Range range = range_.value_or(StudioOptions::Range());
-    return std::make_unique<COrbixMainDlg>(nullptr, &pattern, &patch_, nullptr, link_, nullptr,
-                                           static_cast<unsigned short>(0), range.start, range.end,
-                                           !range_.has_value(), csvLoadFolder.c_str(),
-                                           csvSaveFolder.c_str());
+    return std::make_unique<COrbixMainDlg>(
+        nullptr, &pattern, &patch_, nullptr, link_, nullptr, static_cast<unsigned short>(0),
+        range.start, range.end, !range_.has_value(), csvLoadFolder.c_str(), csvSaveFolder.c_str());
 }
 
 int EditorSession::Edit(Document& document, StudioSettings& settings) {

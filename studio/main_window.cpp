@@ -64,8 +64,7 @@ void MainWindow::TakeDocument(Document document) {
 }
 
 bool MainWindow::OfferRecovery(const std::string& askedFor) {
-    std::optional<Document> document =
-        ::OfferRecovery(this, AutosaveFolder(), askedFor, autosave_);
+    std::optional<Document> document = ::OfferRecovery(this, AutosaveFolder(), askedFor, autosave_);
     if (document) {
         TakeDocument(std::move(*document));
     }

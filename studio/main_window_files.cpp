@@ -59,9 +59,9 @@ void MainWindow::SayCorrected() {
     if (lines.empty()) {
         return;
     }
-    QString text = tr("%1 was corrected while it was opened:")
-                       .arg(QString::fromStdString(document_.Label())) +
-                   "\n";
+    QString text =
+        tr("%1 was corrected while it was opened:").arg(QString::fromStdString(document_.Label())) +
+        "\n";
     for (std::size_t i = 0; i < std::min(lines.size(), kShownRemarks); ++i) {
         text += "\n" + QString::fromStdString(lines[i]);
     }

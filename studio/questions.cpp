@@ -49,10 +49,10 @@ std::string AskForFileToSave(QWidget* parent, const std::string& folder,
 }
 
 CloseChoice AskWhetherToSave(QWidget* parent, const std::string& label) {
-    QMessageBox box(QMessageBox::Question, QObject::tr("Orbix"),
-                    QObject::tr("%1 has been modified.\nSave the changes?")
-                        .arg(QString::fromStdString(label)),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent);
+    QMessageBox box(
+        QMessageBox::Question, QObject::tr("Orbix"),
+        QObject::tr("%1 has been modified.\nSave the changes?").arg(QString::fromStdString(label)),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {

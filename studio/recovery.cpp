@@ -98,8 +98,8 @@ std::optional<Document> OfferRecovery(QWidget* parent, const std::string& folder
             return Recover(parent, crashed, std::move(pattern), slot);
         }
         if (choice == Choice::saved) {
-            const bool open = askedFor.empty() && QFileInfo::exists(QString::fromStdString(
-                                                      crashed.Origin()));
+            const bool open =
+                askedFor.empty() && QFileInfo::exists(QString::fromStdString(crashed.Origin()));
             std::optional<Document> document = open ? OpenSaved(parent, crashed) : std::nullopt;
             crashed.Remove();
             if (document) {

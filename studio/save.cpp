@@ -18,9 +18,9 @@ std::string SuggestionFor(const Document& document) {
 }
 
 std::string AskForName(QWidget* parent, const Document& document, const StudioSettings& settings) {
-    const std::string folder =
-        document.File().empty() ? settings.LastFolder(StudioSettings::Folder::patterns)
-                                : std::filesystem::path(document.File()).parent_path().string();
+    const std::string folder = document.File().empty()
+                                   ? settings.LastFolder(StudioSettings::Folder::patterns)
+                                   : std::filesystem::path(document.File()).parent_path().string();
     return AskForFileToSave(parent, folder, SuggestionFor(document));
 }
 

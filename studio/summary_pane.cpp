@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr std::array<const char*, 6> kCaptions = {"Name",   "File",   "State",
+constexpr std::array<const char*, 6> kCaptions = {"Name",     "File",   "State",
                                                   "Division", "Events", "Length"};
 
 std::string StateText(const Document& document) {
     const std::size_t remarks = document.Report().Lines().size();
-    std::string text = document.IsModified() ? "modified, not saved"
+    std::string text = document.IsModified()     ? "modified, not saved"
                        : document.File().empty() ? "new"
                                                  : "saved";
     if (remarks > 0) {

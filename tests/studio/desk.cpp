@@ -52,8 +52,8 @@ Desk& Desk::Box(const std::string& text, const std::string& button) {
     return Next([=](QWidget& window) {
         const auto* box = qobject_cast<QMessageBox*>(&window);
         EXPECT_TRUE(box != nullptr && box->text().toStdString().find(text) != std::string::npos)
-            << "expected a box with: " << text << "\nfound: "
-            << (box != nullptr ? box->text() : window.windowTitle()).toStdString();
+            << "expected a box with: " << text
+            << "\nfound: " << (box != nullptr ? box->text() : window.windowTitle()).toStdString();
         ClickButton(window, button);
     });
 }

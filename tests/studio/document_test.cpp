@@ -115,9 +115,8 @@ TEST(StudioDocument, AFailedSaveChangesNoFileAndKeepsTheDocumentModified) {
         const FullDisk full(4096);
         expectRefused(desk / "old.3dp", "File too large");
     }
-    for (const std::string& name :
-         {std::string("old.3dp"), std::string("Größe und \n 音.3dp"), std::string("-x \xFF.3dp"),
-          std::string(251, 'x') + ".3dp"}) {
+    for (const std::string& name : {std::string("old.3dp"), std::string("Größe und \n 音.3dp"),
+                                    std::string("-x \xFF.3dp"), std::string(251, 'x') + ".3dp"}) {
         EXPECT_TRUE(document->Save(desk / name, reason)) << reason;
         EXPECT_EQ(Bytes(desk / name), document->StoredBytes());
         EXPECT_TRUE(!document->IsModified() && document->File() == desk / name);

@@ -164,9 +164,10 @@ TEST_F(StudioWindow, AFileThatCannotBeOpenedLeavesTheDocument) {
 
 TEST_F(StudioWindow, CorrectionsAreToldInFullAndMarkTheDocumentModified) {
     PutBytes(desk / "bad.3dp", WritePatternBytes(Positions(4, 7)));
-    desk.Box("bad.3dp was corrected while it was opened:\n\n"
-             "Index=1 : TimeSig. 99/4 out of range (Entry ignored)\n",
-             "OK");
+    desk.Box(
+        "bad.3dp was corrected while it was opened:\n\n"
+        "Index=1 : TimeSig. 99/4 out of range (Entry ignored)\n",
+        "OK");
     Drop({desk / "bad.3dp"});
     EXPECT_NE(State().find("modified, not saved; opening it took 7 corrections"),
               std::string::npos);

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Drives the real window on a virtual display: a drag given up with Esc, a drag, tabbing and
-# typing, a button held down, Add and OK; then looks at what stands in the file.
+# Drives the real windows on a virtual display: in the editor a drag given up with Esc, a drag,
+# tabbing and typing, a button held down, Add and OK; then the window is closed, and what stands in
+# the file is looked at.
 #     xvfb_session.sh STUDIO COMMAND_LINE PATTERN
 set -euo pipefail
 
@@ -20,12 +21,18 @@ cp "$3" "$file"
 
 fail() { echo "FAILED: $1" >&2; "$orbix" show "$file" >&2; exit 1; }
 
-# The window of a program, with the keyboard.
+# The topmost window of a program with a title like this, with the keyboard; the editor and the
+# boxes are called "Orbix".
 window_of() {
     local found
-    found=$(timeout 60 xdotool search --sync --onlyvisible --pid "$1" | tail -1)
+    found=$(timeout 60 xdotool search --sync --all --onlyvisible --pid "$1" \
+        --name "${2:-^Orbix\$}" | tail -1)
     xdotool windowfocus --sync "$found"
     echo "$found"
+}
+quit() {
+    window_of "$1" 3dp >/dev/null
+    xdotool key ctrl+q
 }
 expect_code() {
     local code=0
@@ -73,6 +80,7 @@ xdotool mousedown 1 sleep 1.2 mouseup 1
 click 365 384
 click 561 568
 
+quit $program
 expect_code $program 0 "the studio"
 "$orbix" info "$file" | grep -q '^Name: *Driven$' || fail "the name was not typed"
 "$orbix" info "$file" | grep -q '^Events: *50 ' || fail "the held position was not added"
@@ -93,6 +101,7 @@ box=$(window_of $program)
 while [ "$box" = "$window" ]; do box=$(window_of $program); done
 mkdir "$scratch/gone"
 xdotool key alt+t
+quit $program
 expect_code $program 0 "the second try to save"
 "$orbix" info "$scratch/gone/work.3dp" | grep -q '^Name: *Again$' || fail "the edit was lost"
 
