@@ -57,14 +57,13 @@ std::optional<int> OpenAtStart(MainWindow& window, const std::string& file) {
 void EditOnceActive(MainWindow& window) {
     auto* wait = new QTimer(&window);
     wait->setSingleShot(true);
-    const auto edit = [&window, wait] {
-        wait->deleteLater();
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, wait, [wait] { wait->start(0); });
+    QObject::connect(wait, &QTimer::timeout, &window, [&window, wait] {
+        QObject::disconnect(qApp, nullptr, wait, nullptr);  // The editor moves the focus too.
         if (window.EditEvents() == -1) {
             QApplication::exit(exit_code::kAlreadyOpen);
         }
-    };
-    QObject::connect(wait, &QTimer::timeout, &window, edit);
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, wait, [wait] { wait->start(0); });
+    });
     wait->start(kActivationMilliseconds);
 }
 

@@ -21,14 +21,22 @@ cp "$3" "$file"
 
 fail() { echo "FAILED: $1" >&2; "$orbix" show "$file" >&2; exit 1; }
 
-# The topmost window of a program with a title like this, with the keyboard; the editor and the
-# boxes are called "Orbix".
+# window_of PID TITLE [NOT]: the window of a program whose title matches, another one than NOT;
+# gives it the keyboard. The editor and the boxes are called "Orbix".
 window_of() {
     local found
-    found=$(timeout 60 xdotool search --sync --all --onlyvisible --pid "$1" \
-        --name "${2:-^Orbix\$}" | tail -1)
-    xdotool windowfocus --sync "$found"
-    echo "$found"
+    while [ $SECONDS -lt 100 ]; do
+        for found in $(xdotool search --onlyvisible --pid "$1" 2>/dev/null); do
+            if [ "$found" != "${3:-}" ] &&
+                [[ "$(xdotool getwindowname "$found" 2>/dev/null)" =~ $2 ]]; then
+                xdotool windowfocus --sync "$found"
+                echo "$found"
+                return
+            fi
+        done
+        sleep 0.1
+    done
+    fail "no window $2"
 }
 quit() {
     window_of "$1" 3dp >/dev/null
@@ -51,12 +59,12 @@ nearer="577 129"
 
 "$studio" "$file" &
 program=$!
-window=$(window_of $program)
+window=$(window_of $program '^Orbix$')
 xdotool windowmove --sync "$window" 20 20
 
 "$studio" &
 second=$!
-window_of $second >/dev/null
+window_of $second '^Orbix$' >/dev/null
 xdotool key Return
 expect_code $second 255 "the second editor"
 xdotool windowfocus --sync "$window"
@@ -92,13 +100,12 @@ mkdir "$scratch/gone"
 cp "$file" "$scratch/gone/work.3dp"
 "$studio" "$scratch/gone/work.3dp" &
 program=$!
-window=$(window_of $program)
+window=$(window_of $program '^Orbix$')
 click 100 150
 xdotool key Tab key ctrl+a type Again
 rm -r "$scratch/gone"
 click 561 568
-box=$(window_of $program)
-while [ "$box" = "$window" ]; do box=$(window_of $program); done
+window_of $program '^Orbix$' "$window" >/dev/null
 mkdir "$scratch/gone"
 xdotool key alt+t
 quit $program
