@@ -178,6 +178,10 @@ Document LoadDocument(const InputOptions& input) {
     Document document;
     document.kind = KindOf(input.path, input.kind, "--from");
     document.label = LabelOf(input.path);
+    if (document.kind == FileKind::messages) {
+        throw Failure(ExitCode::usage,
+                      document.label + ": device messages (.syx) can be written, not read");
+    }
     const std::string bytes = ReadInput(input.path);
     const HooksScope scope;
     AnswerWithoutAsking(input.division);

@@ -10,6 +10,7 @@ enum class ExitCode {
     usage = 2,      ///< the command line can't be understood
     refused = 3,    ///< the input is not what it should be; nothing was written
     corrected = 4,  ///< done, but something was put right or left out
+    notSent = 5,    ///< no such port, or not everything went out to the device
 };
 
 /// Ends the program from anywhere inside a verb: main writes the words to stderr and exits with

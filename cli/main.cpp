@@ -15,7 +15,8 @@ namespace {
 constexpr const char* kFooter =
     "Results go to stdout, words to stderr; - stands for stdin and stdout.\n"
     "Exit codes: 0 done, 1 could not open or write, 2 wrong usage, 3 input refused,\n"
-    "4 (check, --strict) done, but something was corrected or left out.";
+    "4 (check, --strict) done, but something was corrected or left out,\n"
+    "5 (send) no such port, or not everything went out.";
 
 std::string UsageWords(const CLI::App* program, const CLI::Error& error) {
     std::string words = error.what();
@@ -50,6 +51,8 @@ ExitCode Run(int count, char** arguments) {
     AddCheckVerb(program, job);
     AddConvertVerb(program, job);
     AddMidiVerb(program, job);
+    AddPortsVerb(program, job);
+    AddSendVerb(program, job);
     try {
         program.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

@@ -7,9 +7,9 @@ namespace CLI {
 class App;
 }
 
-/// What a file holds: a pattern's serialized block tree, an event table as text, or a Standard MIDI
-/// File.
-enum class FileKind { pattern, csv, midi };
+/// What a file holds: a pattern's serialized block tree, an event table as text, a Standard MIDI
+/// File, or device messages back to back, which can only be written.
+enum class FileKind { pattern, csv, midi, messages };
 
 /// Where a verb takes its document from.
 struct InputOptions {

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "cli/device_messages.h"
 #include "cli/document_input.h"
 #include "cli/options.h"
 #include "cli/output.h"
@@ -40,9 +41,20 @@ std::string MidiFileBytes(const Document& document, const CQelCPB_3DPattern& pat
     return WriteMidiBytes(*sequence).value();
 }
 
+std::string MessageBytes(const C3DEventData& store) {
+    std::string bytes;
+    for (const std::string& message : DeviceMessagesOf(store)) {
+        bytes += message;
+    }
+    return bytes;
+}
+
 std::string OutputBytes(const Document& document, FileKind kind, const ConvertOptions& options) {
     if (kind == FileKind::csv) {
         return document.store.CsvText();
+    }
+    if (kind == FileKind::messages) {
+        return MessageBytes(document.store);
     }
     CQelCPB_3DPattern pattern(*document.pattern);
     document.store.StoreToPattern(&pattern, options.name.value_or(document.name));
@@ -78,7 +90,9 @@ std::string NameFault(const std::string& name) {
 }
 
 void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
-    verb.add_option("OUT", options.output, "The file to write (.3dp, .csv or .mid), - for stdout")
+    verb.add_option("OUT", options.output,
+                    "The file to write (.3dp, .csv, .mid, or .syx for the\ndevice's messages), - for "
+                    "stdout")
         ->required()
         ->type_name("");
     AddKindOption(verb, "--to", options.outputKind,

@@ -33,6 +33,8 @@ const char* KindText(FileKind kind) {
             return "CSV event table";
         case FileKind::midi:
             return "Standard MIDI File";
+        case FileKind::messages:
+            return "device messages";
     }
     return "";
 }

@@ -19,3 +19,5 @@ void AddShowVerb(CLI::App& program, Job& job);
 void AddCheckVerb(CLI::App& program, Job& job);
 void AddConvertVerb(CLI::App& program, Job& job);
 void AddMidiVerb(CLI::App& program, Job& job);
+void AddPortsVerb(CLI::App& program, Job& job);
+void AddSendVerb(CLI::App& program, Job& job);

@@ -15,9 +15,10 @@ if(ORBIX_BUILD_FUZZ)
 endif()
 
 # orbix_room(NAME FOLDER SOURCES ... HEADERS ... USES ...)
-# A static library for one subsystem, its public headers as a verifiable header set.
+# A static library for one subsystem, its public headers as a verifiable header set. INTERNAL: for
+# the programs alone, so that its headers are not installed.
 function(orbix_room name folder)
-    cmake_parse_arguments(ROOM "" "" "SOURCES;HEADERS;USES" ${ARGN})
+    cmake_parse_arguments(ROOM "INTERNAL" "" "SOURCES;HEADERS;USES" ${ARGN})
     add_library(${name} STATIC)
     if(NOT ROOM_SOURCES)
         file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp CONTENT "" @ONLY)
@@ -29,6 +30,9 @@ function(orbix_room name folder)
     target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
     target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE $<BUILD_INTERFACE:orbix_flags>)
     # The shared library's interface is made of these headers.
+    if(ROOM_INTERNAL)
+        return()
+    endif()
     foreach(header IN LISTS ROOM_HEADERS)
         cmake_path(GET header PARENT_PATH subfolder)
         install(FILES ${header}

@@ -41,6 +41,9 @@ enum ControlId : int {
     kBtnUndo = 4003,
     kBtnRedo = 4004,
 
+    kBtnSend = 1008,
+    kBtnPatch = 1007,
+
     kPlaneAbove = 1018,
     kPlaneBehind = 1002,
     kChkXReverse = 1028,

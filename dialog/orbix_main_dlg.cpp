@@ -87,6 +87,8 @@ const MessageMap* COrbixMainDlg::GetMessageMap() const {
         OnMessage<&Dlg::OnPaint>(WM_PAINT),
         OnMessage<&Dlg::OnCtlColor>(WM_CTLCOLOR),
         OnCommand<&Dlg::OnEnChangeEditName>(kEditName, EN_CHANGE),
+        OnCommand<&Dlg::OnBnClickedButtonPatch>(kBtnPatch),
+        OnCommand<&Dlg::OnBnClickedButtonSend>(kBtnSend),
         OnMessage<&Dlg::OnLButtonDown>(WM_LBUTTONDOWN),
         OnMessage<&Dlg::OnMouseMove>(WM_MOUSEMOVE),
         OnMessage<&Dlg::OnLButtonUp>(WM_LBUTTONUP),

@@ -195,6 +195,10 @@ private:
     void OnDropFiles(HDROP drop);
     void TakeDroppedFile(const CString& path);
 
+    // Device (orbix_main_dlg_device.cpp).
+    void OnBnClickedButtonSend();
+    void OnBnClickedButtonPatch();
+
     // Graph (orbix_main_dlg_graph.cpp).
     void OnPaint();
     void OnCtlColor(CDC* dc, CWnd* control);

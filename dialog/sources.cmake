@@ -13,6 +13,7 @@ set(ORBIX_DIALOG_SOURCES
     manager_commands.cpp
     module.cpp
     orbix_main_dlg.cpp
+    orbix_main_dlg_device.cpp
     orbix_main_dlg_editing.cpp
     orbix_main_dlg_files.cpp
     orbix_main_dlg_graph.cpp

@@ -24,8 +24,7 @@ public:
     /// `length` when all bytes went out, else -1; part of them may have gone out then.
     std::int32_t WriteBlock(const void* data, std::uint32_t length) override;
 
-    /// The system's words for the last failure, "" when there was none since the last success.
-    const CString& FailureText() const { return failure_; }
+    CString FailureText() const override { return failure_; }
 
 private:
     template <typename Attempt>

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/types.h"
 #include "sequence/api.h"
 
 /// What talks to the hardware. The host owns it and keeps it alive as long as a manager names it.
@@ -20,4 +21,7 @@ public:
 
     /// Gives `length` bytes to the device. The number of bytes taken, -1 on failure.
     virtual std::int32_t WriteBlock(const void* data, std::uint32_t length) = 0;
+
+    /// Why the last of these calls failed, for the user; "" when it did not, or nobody knows.
+    virtual CString FailureText() const { return {}; }
 };

@@ -21,6 +21,14 @@ bool CZurSMWMan::IsRefusing() const {
 }
 
 std::int32_t CZurSMWMan::SendData(const void* data, std::uint32_t length) {
+    const std::int32_t result = SendBlock(data, length);
+    if (observer_) {
+        observer_(data, length, result);
+    }
+    return result;
+}
+
+std::int32_t CZurSMWMan::SendBlock(const void* data, std::uint32_t length) {
     if (IsRefusing()) {
         return -1;
     }

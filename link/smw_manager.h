@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 #include "link/device.h"
 #include "link/device_ownership.h"
@@ -42,6 +44,12 @@ public:
     /// when it did not come to that. May wait more than ten seconds for another holder.
     std::int32_t SendData(const void* data, std::uint32_t length);
 
+    /// Is told of every SendData, after it, on its thread: the data and the result. Set it before
+    /// anybody sends.
+    using Observer =
+        std::function<void(const void* data, std::uint32_t length, std::int32_t result)>;
+    void SetObserver(Observer observer) { observer_ = std::move(observer); }
+
     /// Takes the device and has it make ready; false when either failed.
     bool PrepareDevice(std::uint32_t value);
 
@@ -58,6 +66,7 @@ public:
 
 private:
     bool IsRefusing() const;
+    std::int32_t SendBlock(const void* data, std::uint32_t length);
 
     std::atomic<CDeviceOwnership*> owner_;
     std::atomic<Device*> device_;
@@ -65,4 +74,5 @@ private:
     std::atomic<std::uint8_t> closed_ = 0;
     CSingleLock* busyLock_;
     std::atomic<std::uint8_t> busy_ = 0;
+    Observer observer_;
 };

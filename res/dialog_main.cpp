@@ -79,8 +79,8 @@ static constexpr ControlTemplate kControls[] = {
     {groupBox, kNoId, "Z&oom(m)", 389, 313, 47, 26},
     {comboBox, 1023, "", 393, 323, 39, 12, kTabStop, "Zoom in metres"},
 
-    {pushButton, 1008, "&Send", 271, 342, 39, 15, kTabStop | kDisabled, "Send position to device"},
-    {pushButton, 1007, "Patc&h", 313, 342, 39, 15, kTabStop | kDisabled},
+    {pushButton, 1008, "&Send", 271, 342, 39, 15, kTabStop, "Send position to device"},
+    {pushButton, 1007, "Patc&h", 313, 342, 39, 15, kTabStop, "Edit patch parameters"},
     {pushButton, 1, "OK", 355, 342, 39, 15, kTabStop | kDefaultButton},
     {pushButton, 2, "Cancel", 397, 342, 39, 15, kTabStop},
 };

@@ -13,9 +13,13 @@ extern const DialogTemplate kMainDialogTemplate;
 extern const DialogTemplate kSphericalPageTemplate;
 /// Dialog 4008, the page with X, Y and Z.
 extern const DialogTemplate kCartesianPageTemplate;
+/// Dialog 4100, the patch dialog.
+extern const DialogTemplate kPatchTemplate;
 
 /// Accelerator table 1007, the editor's keys.
 extern const AcceleratorTable kEditorAccelerators;
+/// Accelerator table 4100, the patch dialog's keys.
+extern const AcceleratorTable kPatchAccelerators;
 
 /// Row pictures of the event list and the pictures on the editor's buttons, 16 x 16.
 extern const std::span<const PictureResource> kIcons;

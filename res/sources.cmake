@@ -1,3 +1,3 @@
 set(ORBIX_RES_HEADERS resources.h)
-set(ORBIX_RES_SOURCES accelerators.cpp dialog_main.cpp dialog_pages.cpp heads.cpp icons.cpp
+set(ORBIX_RES_SOURCES accelerators.cpp dialog_main.cpp dialog_pages.cpp dialog_patch.cpp heads.cpp icons.cpp
                       resources.cpp)

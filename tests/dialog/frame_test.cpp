@@ -30,9 +30,6 @@ TEST(Frame, OpensCleanAndClosesWithoutAQuestion) {
         EXPECT_EQ(editor.Buttons(), "Update Delete ");
         EXPECT_EQ(editor.Fields(), "1:1:0 ID0 4/4");
         EXPECT_EQ(editor.driver->Text(kEditName), "Song");
-        for (const int later : {ControlId(1007), ControlId(1008)}) {
-            EXPECT_FALSE(editor.driver->Enabled(later)) << later;
-        }
         editor.Click(kBtnCancel);
     });
     EXPECT_EQ(result, IDCANCEL);

@@ -87,7 +87,7 @@ TEST_P(Layout, EveryControlCanBeReachedAndNamed) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Templates, Layout, testing::Values(4000U, 4007U, 4008U));
+INSTANTIATE_TEST_SUITE_P(Templates, Layout, testing::Values(4000U, 4007U, 4008U, 4100U));
 
 // The editor shows one of the pages at a time.
 TEST(EditorTemplate, UsesNoAccessKeyTwice) {

@@ -3,14 +3,37 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QApplication>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <set>
 
 #include "event/event_store.h"
 #include "params/value_forms.h"
 #include "platform/native.h"
 #include "tests/event/event_builders.h"
+
+namespace {
+
+// As the program's, and like it gone before the toolkit's static objects: a window or box of the
+// program's own makes some of those that the library's application would outlive.
+class ApplicationOfTests : public testing::Environment {
+public:
+    void SetUp() override { application_ = std::make_unique<QApplication>(count_, arguments_); }
+    void TearDown() override { application_.reset(); }
+
+private:
+    char name_[12] = "studio_test";
+    char* arguments_[2] = {name_, nullptr};
+    int count_ = 1;
+    std::unique_ptr<QApplication> application_;
+};
+
+const testing::Environment* const kEnvironment =
+    testing::AddGlobalTestEnvironment(new ApplicationOfTests);
+
+}  // namespace
 
 Desk::Desk() {
     // In memory where there is such a place: bringing files to a disk is what takes long here.
