@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "link/smw_manager.h"
+#include "studio/device_desk.h"
 #include "studio/exit_codes.h"
 #include "studio/main_window.h"
 #include "studio/options.h"
@@ -68,8 +68,9 @@ void EditOnceActive(MainWindow& window) {
 }
 
 int RunWindow(const StudioOptions& options) {
-    CZurSMWMan link;
-    MainWindow window(link, options.range);
+    DeviceLink device;
+    MainWindow window(device.Manager(), options.range);
+    const DeviceDesk desk(window, device);
     window.show();
     if (const std::optional<int> exitCode = OpenAtStart(window, options.file)) {
         return *exitCode;

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr const char* kRecent = "files/recent";
+constexpr const char* kOutput = "device/output";
 constexpr const char* kGeometry = "window/geometry";
 constexpr const char* kState = "window/state";
 
@@ -74,6 +75,15 @@ void StudioSettings::NoteFolder(Folder folder, const std::string& path) {
         store_.setValue(KeyOf(folder), QByteArray::fromStdString(path));
         store_.sync();
     }
+}
+
+std::string StudioSettings::Output() const {
+    return store_.value(kOutput).toByteArray().toStdString();
+}
+
+void StudioSettings::NoteOutput(const std::string& line) {
+    store_.setValue(kOutput, QByteArray::fromStdString(line));
+    store_.sync();
 }
 
 QByteArray StudioSettings::WindowGeometry() const {

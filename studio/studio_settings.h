@@ -22,6 +22,10 @@ public:
     std::string LastFolder(Folder folder) const;
     void NoteFolder(Folder folder, const std::string& path);
 
+    /// What the editor sends to, as a line of TextOf (ports/output_choice.h); "" for nothing.
+    std::string Output() const;
+    void NoteOutput(const std::string& line);
+
     QByteArray WindowGeometry() const;
     QByteArray WindowState() const;
     void NoteWindow(const QByteArray& geometry, const QByteArray& state);
