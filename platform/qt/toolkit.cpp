@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QThread>
+#include <QWidget>
 #include <clocale>
 #include <cstdlib>
 #include <utility>
@@ -51,12 +52,21 @@ bool MakeOwnApplication() {
     return true;
 }
 
+bool MadeAndEndedWindow() {
+    QWidget widget;
+    return widget.winId() != 0;
+}
+
 }  // namespace
 
 namespace toolkit {
 
 void NoteFirstRun() {
-    static const bool noted = ownApplication != nullptr && std::atexit(&DeleteOwnApplication) == 0;
+    // Exit handlers and the toolkit's own statics go in the reverse order of their making. A window
+    // that comes and goes here makes those that the end of a window needs: what is left at exit, a
+    // tool tip say, would else be taken apart without them.
+    static const bool noted = ownApplication != nullptr && MadeAndEndedWindow() &&
+                              std::atexit(&DeleteOwnApplication) == 0;
     static_cast<void>(noted);
 }
 

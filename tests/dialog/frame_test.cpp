@@ -100,7 +100,7 @@ TEST(Frame, OnlyOneEditorIsOpenAtATime) {
     Editor first;
     first.boxes.Expect("Error: Orbix Already Opened", kErrorBox, IDOK);
     first.Run([&] {
-        EXPECT_EQ(second.dialog.DoModal(), -1);
+        EXPECT_EQ(second.Run([] { ADD_FAILURE() << "a second editor is open"; }), -1);
         EXPECT_EQ(second.dialog.m_hWnd, nullptr);
     });
     EXPECT_EQ(second.Run([&] { second.Click(kBtnCancel); }), IDCANCEL);

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QToolTip>
 #include <QWidget>
+#include <cstdlib>
 #include <thread>
 
 #include "platform/native.h"
@@ -137,6 +139,15 @@ TEST_F(Modal, AnExceptionOfAnInnerDialogReachesTheHandlerThatRanIt) {
         user.Click(probe::kButton);
     });
     EXPECT_EQ(result, 5);
+}
+
+TEST_F(Modal, AToolTipThatIsLeftOpenGoesWithTheToolkit) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto runAndExit = [this] {
+        RunDialog(dialog_, [](DialogDriver&) { QToolTip::showText({5, 5}, "left open"); });
+        std::exit(0);  // NOLINT(concurrency-mt-unsafe): the exit is what is tested
+    };
+    EXPECT_EXIT(runAndExit(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(Modal, ItCanEndBeforeItBegins) {
