@@ -1,0 +1,171 @@
+#include "tests/dialog/monkey.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDrag>
+#include <QMenu>
+#include <QTimer>
+#include <QWidget>
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include "dialog/manager.h"
+#include "platform/qt/widget_access.h"
+
+namespace {
+
+constexpr int kCheckEvery = 100;
+constexpr int kEventsAnEditor = 500;  // then it is closed and another one opened
+constexpr int kStepsBack = 30;
+constexpr int kRescueMilliseconds = 5;
+constexpr std::uint32_t kRangeStart = 480;
+constexpr std::uint32_t kRangeEnd = 9600;
+
+unsigned seedNow = 0;
+int eventNow = 0;
+
+// A scroll bar's menu and a drag of text hold the click that began them until the user ends them.
+void LeaveMenusAndDrags() {
+    if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+        menu->close();
+    }
+    QDrag::cancel();
+}
+
+// Only what a signal handler may do: a crash has to say where it was.
+void SayWhere(int signal) {
+    std::fprintf(stderr, "seed %u, the shortest failing run has %d events\n", seedNow, eventNow);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+class Monkey {
+public:
+    explicit Monkey(const MonkeyRun& run)
+        : run_(run), random_(run.seed), answers_(run.seed + 1), pattern_(PatternOf(Song())) {
+        seedNow = run.seed;
+        eventNow = 0;
+    }
+
+    std::optional<MonkeyFinding> Play() {
+        while (eventNow < run_.events && !finding_) {
+            if (run_.mode == kRangeMode) {
+                Editor editor(pattern_, kRangeStart, kRangeEnd);
+                PlayOn(editor);
+            } else {
+                Editor editor(pattern_);
+                PlayOn(editor);
+            }
+        }
+        return finding_;
+    }
+
+private:
+    void PlayOn(Editor& editor) {
+        AnswerAtRandom();
+        editor.Run([&] {
+            MonkeyHands hands{editor, random_};
+            QTimer rescue;
+            QObject::connect(&rescue, &QTimer::timeout, &LeaveMenusAndDrags);
+            rescue.start(kRescueMilliseconds);
+            for (int left = kEventsAnEditor; left > 0 && eventNow < run_.events; --left) {
+                ++eventNow;
+                ActAtRandom(hands);
+                if (!IsOpen(editor)) {
+                    return;
+                }
+                if (eventNow % kCheckEvery == 0 || eventNow >= run_.watchFrom) {
+                    Check(editor, kStepsBack);
+                }
+                if (finding_) {
+                    return;
+                }
+            }
+            Check(editor, run_.events);
+            editor.dialog.Update3DPatternForTool(&pattern_);
+        });
+    }
+
+    void AnswerAtRandom() {
+        Hooks().messageBox = [this](const CString&, UINT style) {
+            const bool yes = answers_() % 2 == 0;
+            switch (style & MB_TYPEMASK) {
+                case MB_YESNO:
+                    return yes ? IDYES : IDNO;
+                case MB_OKCANCEL:
+                    return yes ? IDOK : IDCANCEL;
+                default:
+                    return IDOK;
+            }
+        };
+        Hooks().popupMenu = [this](HWND, const std::vector<MenuItem>& items) {
+            const std::size_t choice = answers_() % (items.size() + 1);
+            return choice == items.size() ? 0 : items[choice].command;
+        };
+        Hooks().clipboardText = [this]() -> std::optional<CString> {
+            return std::array<CString, 4>{"12", "-3", "", "99999999999"}[answers_() % 4];
+        };
+    }
+
+    static bool IsOpen(Editor& editor) {
+        const QWidget* widget = WidgetOfWindow(editor.dialog.m_hWnd);
+        return widget != nullptr && widget->isVisible();
+    }
+
+    void Check(Editor& editor, int depth) {
+        editor.driver->MouseRelease({1, 1});
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+        editor.driver->Settle();
+        if (const auto claim = BrokenInvariant(editor, depth); claim && !finding_) {
+            finding_ = MonkeyFinding{eventNow, *claim};
+        }
+    }
+
+    MonkeyRun run_;
+    std::mt19937 random_;
+    std::mt19937 answers_;
+    CQelCPB_3DPattern pattern_;
+    std::optional<MonkeyFinding> finding_;
+};
+
+unsigned FromEnvironment(const char* name, unsigned otherwise) {
+    const char* text = std::getenv(name);
+    return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
+}
+
+class MonkeyTest : public testing::TestWithParam<int> {};
+
+}  // namespace
+
+std::optional<MonkeyFinding> Play(const MonkeyRun& run) {
+    return Monkey(run).Play();
+}
+
+// ./dev monkey runs more events, and other ones, by these two variables.
+TEST_P(MonkeyTest, KeepsTheInvariants) {
+    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
+        std::signal(signal, SayWhere);
+    }
+    qputenv("QT_LOGGING_RULES", "default.warning=false");  // what the offscreen platform lacks
+    MonkeyRun run{FromEnvironment("ORBIX_MONKEY_SEED", 1), GetParam(),
+                  static_cast<int>(FromEnvironment("ORBIX_MONKEY_EVENTS", 400)), 1 << 30};
+    const std::optional<MonkeyFinding> found = Play(run);
+    if (!found) {
+        return;
+    }
+    run.events = found->event;
+    run.watchFrom = found->event - kCheckEvery;
+    const MonkeyFinding shortest = Play(run).value_or(*found);
+    FAIL() << "seed " << run.seed << ": after " << shortest.event
+           << " events this does not hold: " << shortest.claim;
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, MonkeyTest, testing::Values(kFreeMode, kRangeMode),
+                         [](const auto& info) {
+                             return info.param == kFreeMode ? "Free" : "Range";
+                         });
