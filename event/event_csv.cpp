@@ -1,6 +1,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "event/csv_reader.h"
 #include "event/csv_writer.h"
@@ -70,18 +71,17 @@ int C3DEventData::LoadCsvText(std::string_view text, C3DReport& report) {
     if (const int code = ReadCsv(text, range_, content, report); code != 0) {
         return code;
     }
-    const std::vector<t_tSigMapRec> held = map_.Records();
-    ClearEvents();
+    C3DEventData loaded = Emptied();
     if (range_.IsBound()) {
-        for (const t_tSigMapRec& record : held) {
+        for (const t_tSigMapRec& record : map_.Records()) {
             _tagEvent3D event = TimeSigEventOf(record);
-            TakeEvent(event, Recording::off);
+            loaded.TakeEvent(event, Recording::off);
         }
     } else {
-        map_.SetDivision(content.map.Division());
+        loaded.map_.SetDivision(content.map.Division());
     }
-    TakeEvents(content.events, report);
-    ClearHistory();
+    loaded.TakeEvents(content.events, report);
+    *this = std::move(loaded);
     return 0;
 }
 

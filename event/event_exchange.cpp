@@ -77,12 +77,12 @@ int C3DEventData::LoadFromPattern(CQelCPB_3DPattern* pattern, C3DReport& report)
     }
     const CWaitCursor wait;
     report.Clear();
-    ClearEvents();
-    const bool hasTimeSigs = TakeTimeSigs(*pattern, report);
+    C3DEventData loaded = Emptied();
+    const bool hasTimeSigs = loaded.TakeTimeSigs(*pattern, report);
     // In range mode the user can't change time signatures, so remarks on them mark no change.
     const std::size_t baseline = range_.IsBound() ? report.Lines().size() : 0;
-    const bool complete = hasTimeSigs && TakePositions(*pattern, report);
-    ClearHistory();
+    const bool complete = hasTimeSigs && loaded.TakePositions(*pattern, report);
+    *this = std::move(loaded);
     if (!complete) {
         return 0;
     }

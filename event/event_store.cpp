@@ -228,6 +228,15 @@ void C3DEventData::ClearEvents() {
     ClearHistory();
 }
 
+C3DEventData C3DEventData::Emptied() const {
+    C3DEventData store(range_.mode, range_.start, range_.end);
+    store.nextUid_ = nextUid_;
+    store.currentUid_ = currentUid_;
+    store.map_.SetDivision(map_.Division());
+    store.toolTimeSigs_ = toolTimeSigs_;
+    return store;
+}
+
 void C3DEventData::CheckInvariants() const {
 #ifndef NDEBUG
     assert(position_ >= 0 && position_ <= static_cast<int>(history_.size()));

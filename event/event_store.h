@@ -110,7 +110,7 @@ public:
     /// name it. `report` gets the remarks added. kErrorExtension, kErrorOpen, and as below.
     int LoadCsv(const CString& path, C3DReport& report);
     /// The same from a text. kErrorFormat, kErrorDivision, kErrorNoData. Whatever the question's
-    /// hook throws leaves the store untouched.
+    /// hook throws, and std::bad_alloc, leave the store untouched.
     int LoadCsvText(std::string_view text, C3DReport& report);
 
     // The host's pattern (event_exchange.cpp).
@@ -144,6 +144,9 @@ private:
         TimeSigState timeSigs;
     };
 
+    /// This store as `ClearEvents` would leave it. Loads fill one and take its place at the end, so
+    /// that a load without memory leaves everything as it was.
+    C3DEventData Emptied() const;
     int TakeEvent(_tagEvent3D& event, Recording recording);
     // Every change of the events' number or ids goes through these, which keep the counts.
     void AppendEvent(const _tagEvent3D& event);

@@ -2,6 +2,20 @@
 
 #include "sequence/byte_stream.h"
 
+namespace {
+
+thread_local std::uint32_t swallowedFailures = 0;
+
+}  // namespace
+
+std::uint32_t SwallowedFailures() {
+    return swallowedFailures;
+}
+
+void NoteSwallowedFailure() {
+    ++swallowedFailures;
+}
+
 std::atomic<std::uint64_t> CZurBlock::renamings = 0;
 
 CZurBlock::CZurBlock(std::uint32_t id, std::uint32_t length) : id(id), length(length) {}

@@ -60,6 +60,11 @@ private:
     bool listed = false;  // a child of some list; a copy is none
 };
 
+/// How many failures reading and building have swallowed on this thread: a child for which there is
+/// no memory is left out. Who must have the whole of a tree asks before and behind.
+std::uint32_t SwallowedFailures();
+ORBIX_API void NoteSwallowedFailure();
+
 /// Bytes of a stored header: identifier and length.
 inline constexpr std::uint32_t kBlockHeaderSize = 8;
 

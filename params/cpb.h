@@ -52,6 +52,7 @@ protected:
         try {
             held = std::make_unique<Composite>(std::forward<Arguments>(arguments)...);
         } catch (const std::bad_alloc&) {
+            NoteSwallowedFailure();
             held = nullptr;
         }
     }

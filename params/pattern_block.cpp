@@ -143,7 +143,8 @@ void CQelComposite_3DPattern::BuildChildren() {
         for (auto& block : made) {
             AddChild(std::move(block), -1);
         }
-    } catch (...) {  // NOLINT(bugprone-empty-catch): requests on missing blocks fail
+    } catch (...) {
+        NoteSwallowedFailure();  // requests on missing blocks fail
     }
 }
 
@@ -158,7 +159,8 @@ void CQelComposite_3DPattern::ReadChild(std::strstream* stream) {
         } else {
             AddChild(ReadPatternChild(id, stream), -1);
         }
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a child that cannot be read is left out
+    } catch (...) {
+        NoteSwallowedFailure();  // a child that cannot be read is left out
     }
 }
 

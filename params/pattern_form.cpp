@@ -232,10 +232,15 @@ std::unique_ptr<CQelCPB_3DPattern> ReadPatternBytes(std::string_view bytes, Patt
         fault = std::move(*refused);
         return nullptr;
     }
+    const std::uint32_t failures = SwallowedFailures();
     std::strstream stream;
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     auto pattern = std::make_unique<CQelCPB_3DPattern>();
+    const bool isCopied = stream.good();
     pattern->Read(&stream, true);  // empties the new pattern first
+    if (!isCopied || SwallowedFailures() != failures) {
+        throw std::bad_alloc();
+    }
     return pattern;
 }
 

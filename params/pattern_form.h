@@ -26,7 +26,8 @@ struct ORBIX_API PatternFault {
 /// number of bytes; nothing is allocated unless there is a fault.
 ORBIX_API std::optional<PatternFault> CheckPatternBytes(std::string_view bytes);
 
-/// The pattern that the bytes hold; null, with the fault told, when the check refuses them.
+/// The pattern that the bytes hold; null, with the fault told, when the check refuses them. Raises
+/// `std::bad_alloc` without memory: a pattern is never read in part.
 ORBIX_API std::unique_ptr<CQelCPB_3DPattern> ReadPatternBytes(std::string_view bytes,
                                                               PatternFault& fault);
 

@@ -116,14 +116,16 @@ bool CQelComposite_3DPosition::Set(std::uint32_t id, void* value, std::uint32_t 
 void CQelComposite_3DPosition::BuildChildren() {
     try {
         AddChild(std::make_unique<CZurParamBlock>(kPlacement, kPlacementSize), -1);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a block without its child fails each request
+    } catch (...) {
+        NoteSwallowedFailure();  // a block without its child fails each request
     }
 }
 
 void CQelComposite_3DPosition::ReadChild(std::strstream* stream) {
     try {
         AddChild(std::make_unique<CZurParamBlock>(stream, true), -1);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a child that cannot be read is left out
+    } catch (...) {
+        NoteSwallowedFailure();  // a child that cannot be read is left out
     }
 }
 

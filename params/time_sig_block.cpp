@@ -123,7 +123,8 @@ bool CQelComposite_TimeSig::Set(std::uint32_t id, void* value, std::uint32_t siz
 void CQelComposite_TimeSig::ReadChild(std::strstream* stream) {
     try {
         AddChild(ReadTimeSigChild(stream), -1);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a child that cannot be read is left out
+    } catch (...) {
+        NoteSwallowedFailure();  // a child that cannot be read is left out
     }
 }
 

@@ -84,7 +84,8 @@ bool CQelComposite_TimeSigList::Do(std::uint32_t id, void* value, std::uint32_t 
 void CQelComposite_TimeSigList::ReadChild(std::strstream* stream) {
     try {
         AddChild(ReadListChild(stream), -1);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a child that cannot be read is left out
+    } catch (...) {
+        NoteSwallowedFailure();  // a child that cannot be read is left out
     }
 }
 

@@ -36,6 +36,13 @@ TEST(Composite, FindsChildrenByPositionAndByOccurrence) {
     Plain list;
     list.Fill({10, 20, 10, 30, 10});
     EXPECT_EQ(list.GetLength(), 4U + 5 * 12);
+    list.SetID(7);
+    for (const std::uint32_t expected : {list.GetID(), list.GetLength()}) {
+        st_paramValue record;
+        EXPECT_TRUE(list.Get(expected == 7 ? 0 : 1, &record, kSizeParamValue));
+        EXPECT_EQ(record.value, expected);
+    }
+    list.SetID(0);
     struct {
         std::uint32_t id;
         std::int32_t index;

@@ -15,6 +15,7 @@ TEST(RawBlock, CopiesNoMoreThanItHoldsAndLeavesTheRest) {
     block.SetData(five.data(), 5);
     EXPECT_EQ(WrittenHex(block), "00 00 00 07 00 00 00 03 01 02 03");
     block.SetData(nullptr, 3);
+    block.GetData(nullptr, 3);
     block.SetValue(&five[4]);
     std::string target = Bytes("AA AA AA AA");
     block.GetData(target.data(), 2);

@@ -135,6 +135,7 @@ TEST(SeqEvent, ByteEditsKeepTheQuantityRight) {
         {"F0 03 43 12 F7", 4, nullptr, "F0 04 43 12 55 F7"},
         {"F0 03 43 12 F7", 5, nullptr, nullptr},
         {"F7 02 43 F7", 3, "F7 01 43", "F7 03 43 55 F7"},
+        {"F7 00", 2, nullptr, "F7 01 55"},
         {"F1 02 43 44", 2, nullptr, nullptr},
         {"F7 81 81", 2, nullptr, nullptr},        // a quantity without an end
         {"FF 01 05 61 62", 3, nullptr, nullptr},  // one that does not agree

@@ -71,7 +71,8 @@ TEST(Sequence, TrackNumbersAndCopies) {
     EXPECT_EQ(Text(sequence), "1 01 | 2 02 | 3 03 | 1 01 | 2 02 | 3 03");
     sequence = copy;
     EXPECT_EQ(BytesOf(sequence), BytesOf(copy));
-    sequence.SetFormat(0).SetDivision(7).Init();
+    sequence.SetFormat(1).SetDivision(7).Init();
+    EXPECT_EQ(sequence.GetFormat(), 0);
     EXPECT_EQ(sequence.GetDivision() + sequence.GetTrackCount(), 483);
     sequence.Clear();
     EXPECT_EQ(sequence.GetTrackCount(), 0);
