@@ -33,7 +33,8 @@ void Load(const std::string& text, int mode) {
     }
     C3DReport remarks;
     Require(again.LoadCsvText(written, remarks) == 0, "what is written loads");
-    // A beat far behind its measure's end is written as a measure of its own, which may be too late.
+    // A beat far behind its measure's end is written as a measure of its own, which may be too
+    // late.
     Require(!remarks.IsEmpty() || again.CsvText() == written, "what is written loads as it was");
 }
 
