@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QFileDialog>
 #include <QMenu>
 #include <QTimer>
 #include <QWidget>
@@ -27,8 +28,12 @@ constexpr std::uint32_t kRangeEnd = 9600;
 unsigned seedNow = 0;
 int eventNow = 0;
 
-// A scroll bar's menu and a drag of text hold the click that began them until the user ends them.
+// A scroll bar's menu, a file dialog and a drag of text hold the click that began them until the
+// user ends them.
 void LeaveMenusAndDrags() {
+    if (auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+        files->reject();
+    }
     if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
         menu->close();
     }
