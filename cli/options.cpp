@@ -9,11 +9,10 @@
 namespace {
 
 const std::map<std::string, FileKind>& Kinds() {
-    static const std::map<std::string, FileKind> kinds = {
-        {"3dp", FileKind::pattern},
-        {"csv", FileKind::csv},
-        {"mid", FileKind::midi},
-        {"syx", FileKind::messages}};
+    static const std::map<std::string, FileKind> kinds = {{"3dp", FileKind::pattern},
+                                                          {"csv", FileKind::csv},
+                                                          {"mid", FileKind::midi},
+                                                          {"syx", FileKind::messages}};
     return kinds;
 }
 

@@ -90,9 +90,10 @@ std::string NameFault(const std::string& name) {
 }
 
 void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
-    verb.add_option("OUT", options.output,
-                    "The file to write (.3dp, .csv, .mid, or .syx for the\ndevice's messages), - for "
-                    "stdout")
+    verb.add_option(
+            "OUT", options.output,
+            "The file to write (.3dp, .csv, .mid, or .syx for the\ndevice's messages), - for "
+            "stdout")
         ->required()
         ->type_name("");
     AddKindOption(verb, "--to", options.outputKind,

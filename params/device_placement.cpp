@@ -49,8 +49,8 @@ std::optional<std::string> DeviceMessageOf(const DevicePlacement& placement) {
 }
 
 std::optional<DevicePlacement> ReadDeviceMessage(std::string_view bytes) {
-    const auto message = DecodeDeviceMessage(
-        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    const auto message =
+        DecodeDeviceMessage({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     if (!message) {
         return std::nullopt;
     }

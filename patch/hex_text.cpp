@@ -45,7 +45,8 @@ std::optional<std::vector<std::uint8_t>> ParseHex(const CString& text) {
 
 std::optional<std::uint32_t> ParseNumber(const CString& text) {
     const bool isHex = text.starts_with("0x") || text.starts_with("0X");
-    return WholeNumber<std::uint32_t>(std::string_view(text).substr(isHex ? 2 : 0), isHex ? 16 : 10);
+    return WholeNumber<std::uint32_t>(std::string_view(text).substr(isHex ? 2 : 0),
+                                      isHex ? 16 : 10);
 }
 
 CString PlainText(std::span<const std::uint8_t> bytes) {

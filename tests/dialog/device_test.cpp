@@ -108,13 +108,12 @@ const std::vector<Qt::Key> kAppendOneAccept{Qt::Key_1, Qt::Key_Return, Qt::Key_B
 
 INSTANTIATE_TEST_SUITE_P(
     Device, Patch,
-    testing::Values(
-        PatchCase{"changed", true, kAppendOneAccept, true, "29001: 01 02 03"},
-        PatchCase{"unchanged", true, kAccept, true, "2900: 01 02 03"},
-        PatchCase{"given up", true, {Qt::Key_Escape}, false, "2900: 01 02 03"},
-        PatchCase{"no block, none made", false, kAccept, true, "2900: 01 02 03"},
-        PatchCase{"no block to take the one made", false, kAppendOneAccept, true,
-                  "2900: 01 02 03"}),
+    testing::Values(PatchCase{"changed", true, kAppendOneAccept, true, "29001: 01 02 03"},
+                    PatchCase{"unchanged", true, kAccept, true, "2900: 01 02 03"},
+                    PatchCase{"given up", true, {Qt::Key_Escape}, false, "2900: 01 02 03"},
+                    PatchCase{"no block, none made", false, kAccept, true, "2900: 01 02 03"},
+                    PatchCase{"no block to take the one made", false, kAppendOneAccept, true,
+                              "2900: 01 02 03"}),
     [](const auto& info) { return std::to_string(info.index); });
 
 }  // namespace

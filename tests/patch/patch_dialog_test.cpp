@@ -27,8 +27,7 @@ struct PatchDialogTest : testing::Test {
     }
     /// "identifier length row|row*": the bytes of each row, a star behind the selected one.
     static std::string State(DialogDriver& driver) {
-        std::string state =
-            driver.Text(kPatchIdentifier) + " " + driver.Text(kPatchLength) + " ";
+        std::string state = driver.Text(kPatchIdentifier) + " " + driver.Text(kPatchLength) + " ";
         const std::vector<int> selected = driver.SelectedRows(kPatchTable);
         int number = 0;
         for (const auto& row : driver.RowTexts(kPatchTable)) {
@@ -84,8 +83,9 @@ TEST_F(PatchDialogTest, ShowsEditsTakesBackAndGivesTheBlock) {
                                      "2900 18 FF000102030405060708090A0B0C0D0E*|4A4B|"};
         for (const std::string& step : steps) {
             driver.Key(kPatchTable, Qt::Key_Z, Qt::ControlModifier);
-            EXPECT_EQ(State(driver), step + "FF 00 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E "
-                                            "undo redo");
+            EXPECT_EQ(State(driver), step +
+                                         "FF 00 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E "
+                                         "undo redo");
         }
         driver.Click(kPatchUndo);
         EXPECT_EQ(State(driver).substr(0, 46), "2900 18 " + first + "*|4A4B");
@@ -106,13 +106,14 @@ TEST_F(PatchDialogTest, WhatMakesNoSenseIsRefusedAndStays) {
     const struct {
         int field;
         std::string text, message;
-    } refusals[] = {{kPatchRow, "", "Error: Row expected as 2 bytes of two hex digits, found 0 bytes"},
-                    {kPatchRow, "010203", "Error: Row expected as 2 bytes of two hex digits, found 3 bytes"},
-                    {kPatchRow, "01 0x", "Error: Row expected as 2 bytes of two hex digits"},
-                    {kPatchLength, "65537", length},
-                    {kPatchLength, "-1", length},
-                    {kPatchIdentifier, "4294967296", number},
-                    {kPatchIdentifier, "0x", number}};
+    } refusals[] = {
+        {kPatchRow, "", "Error: Row expected as 2 bytes of two hex digits, found 0 bytes"},
+        {kPatchRow, "010203", "Error: Row expected as 2 bytes of two hex digits, found 3 bytes"},
+        {kPatchRow, "01 0x", "Error: Row expected as 2 bytes of two hex digits"},
+        {kPatchLength, "65537", length},
+        {kPatchLength, "-1", length},
+        {kPatchIdentifier, "4294967296", number},
+        {kPatchIdentifier, "0x", number}};
     const int result = Run(&block, [&](DialogDriver& driver) {
         for (const auto& [field, text, message] : refusals) {
             const std::string before = driver.Text(field);
@@ -127,7 +128,8 @@ TEST_F(PatchDialogTest, WhatMakesNoSenseIsRefusedAndStays) {
         Fill(driver, kPatchLength, "65536");
         driver.Click(kPatchApply);
         EXPECT_EQ(driver.Text(kPatchLength), "65536");
-        const char question[] = "The block has been edited.\nSelecting cancel will undo the changes?";
+        const char question[] =
+            "The block has been edited.\nSelecting cancel will undo the changes?";
         boxes.Expect(question, 33, IDCANCEL).Expect(question, 33, IDOK);
         driver.Click(IDCANCEL);
         driver.Key(Qt::Key_Escape);
