@@ -72,6 +72,10 @@ struct PatchCase {
     const char* bytes;  // Of the host's block afterwards.
 };
 
+void PrintTo(const PatchCase& test, std::ostream* out) {
+    *out << test.name;
+}
+
 class Patch : public testing::TestWithParam<PatchCase> {};
 
 TEST_P(Patch, ResultIsTheHostsWhenAccepted) {
