@@ -131,6 +131,7 @@ private:
         std::vector<t_tSigMapRec> map;
         sequence_.GetTimeSignatures(map);
         std::vector<t_tSigRec> records;
+        records.reserve(map.size());
         for (const t_tSigMapRec& each : map) {
             records.push_back({0, each.measure, each.beat, each.tick, each.numerator,
                                std::min(each.denominator, kMostDenominator)});

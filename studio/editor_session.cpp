@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 
+#include "event/pattern_range.h"
 #include "params/pattern_form.h"
 #include "platform/controls.h"
 #include "platform/hooks.h"
@@ -35,11 +36,10 @@ bool IsQuestionOpen() {
 std::unique_ptr<COrbixMainDlg> EditorSession::MakeDialog(const Document& document,
                                                          const std::string& csvLoadFolder,
                                                          const std::string& csvSaveFolder) {
-    CQelCPB_3DPattern pattern(document.Pattern());
-    const StudioOptions::Range range = range_.value_or(StudioOptions::Range());
+    CQelCPB_3DPattern pattern = PatternInside(document.Pattern(), range_);
     return std::make_unique<COrbixMainDlg>(
         nullptr, &pattern, &patch_, nullptr, link_, nullptr, static_cast<unsigned short>(0),
-        range.start, range.end, !range_.has_value(), csvLoadFolder.c_str(), csvSaveFolder.c_str());
+        range_.start, range_.end, !range_.IsBound(), csvLoadFolder.c_str(), csvSaveFolder.c_str());
 }
 
 int EditorSession::Edit(Document& document, StudioSettings& settings) {
@@ -47,11 +47,14 @@ int EditorSession::Edit(Document& document, StudioSettings& settings) {
     const std::unique_ptr<COrbixMainDlg> dialog = MakeDialog(
         document, settings.LastFolder(Folder::csvLoad), settings.LastFolder(Folder::csvSave));
     const OpenScope scope(dialog_, dialog.get());
+    whole_ = &document.Pattern();
     const int answer = static_cast<int>(dialog->DoModal());
     settings.NoteFolder(Folder::csvLoad, dialog->GetInitialDirCsvLoad());
     settings.NoteFolder(Folder::csvSave, dialog->GetInitialDirCsvSave());
     if (answer == IDOK && dialog->Get3DPatternForTool() != nullptr) {
-        document.TakeEdited(*dialog->Get3DPatternForTool());
+        CQelCPB_3DPattern edited(*dialog->Get3DPatternForTool());
+        AppendOutside(document.Pattern(), range_, edited);
+        document.TakeEdited(edited);
     }
     return answer;
 }
@@ -63,6 +66,7 @@ std::optional<std::string> EditorSession::Snapshot() const {
     }
     CQelCPB_3DPattern pattern(*dialog_->Get3DPatternForTool());
     dialog_->Update3DPatternForTool(&pattern);
+    AppendOutside(*whole_, range_, pattern);
     return WritePatternBytes(pattern);
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dialog/orbix_main_dlg.h"
+#include "event/event_record.h"
 #include "link/smw_manager.h"
 #include "params/param_block.h"
 #include "params/pattern_block.h"
@@ -16,9 +17,10 @@
 /// host, and looks at its state from outside while it is open. Main thread.
 class EditorSession {
 public:
-    /// `link` is borrowed. A range binds every editing to it.
-    EditorSession(CZurSMWMan& link, std::optional<StudioOptions::Range> range)
-        : link_(link), range_(range) {}
+    /// `link` is borrowed. A range binds every editing to it; what lies outside stays as it is.
+    EditorSession(CZurSMWMan& link, const std::optional<StudioOptions::Range>& range)
+        : link_(link),
+          range_(range ? EventRange{kRangeMode, range->start, range->end} : EventRange()) {}
 
     /// A dialog on a copy of the document's pattern; the session outlives it.
     std::unique_ptr<COrbixMainDlg> MakeDialog(const Document& document,
@@ -41,7 +43,8 @@ public:
 
 private:
     CZurSMWMan& link_;
-    std::optional<StudioOptions::Range> range_;
+    EventRange range_;
     CZurParamBlock patch_{0, 0U};
     COrbixMainDlg* dialog_ = nullptr;
+    const CQelCPB_3DPattern* whole_ = nullptr;  ///< The document's, while the dialog is open.
 };

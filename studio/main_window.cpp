@@ -36,7 +36,7 @@ MainWindow::MainWindow(CZurSMWMan& link, std::optional<StudioOptions::Range> ran
     setCentralWidget(content);
     addDockWidget(Qt::BottomDockWidgetArea, report_);
     MakeMenus();
-    resize(560, 360);
+    resize(820, 420);  // All columns of the monitor.
     restoreGeometry(settings_.WindowGeometry());
     restoreState(settings_.WindowState());
     statusBar();

@@ -120,6 +120,27 @@ TEST_F(StudioWindow, ANewPatternLivesThroughACancelledNameAndReachesItsFile) {
     EXPECT_FALSE(window.isVisible());
 }
 
+TEST_F(StudioWindow, EditingARangeLeavesTheRestOfThePattern) {
+    PutBytes(desk / "a.3dp", WritePatternBytes(Positions(9)));
+    MainWindow bound(link, StudioOptions::Range{120, 480});
+    std::string reason;
+    ASSERT_TRUE(bound.Open(desk / "a.3dp", reason)) << reason;
+    desk.Next([&](QWidget&) {
+        DialogDriver driver(*bound.OpenDialog());
+        EXPECT_FALSE(driver.Enabled(kBtnOk)) << "nothing was left out, so nothing has changed";
+        driver.ClickRow(kListEvents, 1);
+        driver.Click(kBtnDelete);
+        driver.Click(kBtnOk);
+    });
+    bound.EditEvents();
+    std::vector<std::uint32_t> ticks;
+    for (int i = 0; i < bound.CurrentDocument().Events().CountEvents(-1); ++i) {
+        ticks.push_back(bound.CurrentDocument().Events().EventAt(i).tick);
+    }
+    EXPECT_EQ(ticks, (std::vector<std::uint32_t>{0, 0, 240, 360, 480, 600, 720, 840, 960}));
+    EXPECT_EQ(Bytes(desk / "a.3dp"), bound.CurrentDocument().StoredBytes());
+}
+
 TEST_F(StudioWindow, AFailedSaveKeepsTheWorkUntilItIsSavedOrGivenUp) {
     std::filesystem::create_directory(desk / "folder");
     const std::string file = desk / "folder/a.3dp";

@@ -1,0 +1,48 @@
+#include "event/pattern_range.h"
+
+#include <cstdint>
+
+#include "params/value_forms.h"
+
+namespace {
+
+constexpr std::uint32_t kPosition = 2900;
+constexpr std::uint32_t kPositionCount = 2901;
+constexpr std::uint32_t kPositionTick = 2904;
+constexpr std::uint32_t kClearPositions = 2911;
+
+std::uint32_t ValueOf(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector) {
+    st_paramValue record{selector, 0, nullptr};
+    pattern.GetParam(id, &record, kSizeParamValue);
+    return record.value;
+}
+
+void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, bool inside,
+                     CQelCPB_3DPattern& to) {
+    const auto count = static_cast<std::int32_t>(ValueOf(from, kPositionCount, -1));
+    for (std::int32_t i = 0; i < count; ++i) {
+        st_paramChild child{0, i, nullptr};
+        if (range.Admits(ValueOf(from, kPositionTick, i)) != inside ||
+            !from.GetParam(kPosition, &child, kSizeParamChild)) {
+            continue;
+        }
+        auto copy = child.block->Clone();
+        st_paramChild appended{0, -1, copy.get()};
+        if (to.SetParam(kPosition, &appended, kSizeParamChild)) {
+            static_cast<void>(copy.release());
+        }
+    }
+}
+
+}  // namespace
+
+CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern, const EventRange& range) {
+    CQelCPB_3DPattern kept(pattern);
+    kept.DoParam(kClearPositions, nullptr, 0);
+    AppendPositions(pattern, range, true, kept);
+    return kept;
+}
+
+void AppendOutside(const CQelCPB_3DPattern& from, const EventRange& range, CQelCPB_3DPattern& to) {
+    AppendPositions(from, range, false, to);
+}
