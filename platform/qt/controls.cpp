@@ -114,7 +114,7 @@ void JoinToLabel(NativeWindow& before, NativeWindow& window) {
         label->setBuddy(before.widget);
         return;
     }
-    if (window.widget->focusPolicy() == Qt::NoFocus) {
+    if (window.widget == nullptr || window.widget->focusPolicy() == Qt::NoFocus) {
         return;
     }
     label = PeerAs<StaticPeer>(&before);
