@@ -58,6 +58,13 @@ std::vector<std::string> ArgumentsOf(std::string text) {
     return arguments;
 }
 
+// These reach the machine's MIDI systems and take their time for it.
+bool IsForPorts(const std::vector<std::string>& arguments) {
+    return std::ranges::any_of(arguments, [](const std::string& argument) {
+        return argument == "send" || argument == "ports";
+    });
+}
+
 }  // namespace
 
 // The toolkit-free program writes to the standard streams; the fuzzer's own words go on as it
@@ -79,6 +86,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Require(std::freopen("in.csv", "r", stdin) != nullptr, "the standard input opens");
     std::vector<std::string> arguments = ArgumentsOf(input.substr(0, blank));
+    if (IsForPorts(arguments)) {
+        return 0;
+    }
     std::vector<char*> pointers;
     for (std::string& argument : arguments) {
         pointers.push_back(argument.data());
