@@ -161,6 +161,7 @@ TEST(Files, SaveWritesTheTableOrSaysWhyNot) {
         .Expect("Error: Disk Space not Enough", kErrorBox, IDOK)
         .Expect("\"take.csv\" is there already.\nReplace it?", question, IDYES)
         .Expect("Error: File open", kErrorBox, IDOK)
+        .Expect("There is no folder \"" + (folder / "going") + "\".", kReportBox, IDOK)
         .Expect("Error: File Extension Not Supported", kErrorBox, IDOK);
     editor.Run([&] {
         editor.ClickRow(2);
@@ -182,7 +183,19 @@ TEST(Files, SaveWritesTheTableOrSaysWhyNot) {
         ASSERT_EQ(seteuid(getuid()), 0);
         EXPECT_EQ(ReadWholeFile(folder / "take.csv"), "old");
 
-        EXPECT_TRUE(ByKey(editor, Qt::Key_S, "dot."));
+        const std::string longest = "/tmp/" + std::string(251, 'n');  // 260 bytes with ".csv"
+        EXPECT_TRUE(ByKey(editor, Qt::Key_S, longest));
+        EXPECT_EQ(ReadWholeFile(longest + ".csv"), song);
+        fs::remove(longest + ".csv");
+
+        fs::create_directory(folder / "going");
+        WithFileDialog([&] { editor.driver->Key(kListEvents, Qt::Key_S, Qt::ControlModifier); },
+                       [&](QFileDialog& dialog) {
+                           EXPECT_FALSE(EnterName(dialog, folder / "going"));
+                           fs::remove(folder / "going");
+                           EXPECT_FALSE(EnterName(dialog, "late"));
+                       });
+        EXPECT_TRUE(ByKey(editor, Qt::Key_S, folder / "dot."));
         EXPECT_EQ(editor.State(), before);
     });
     EXPECT_EQ(editor.dialog.GetInitialDirCsvSave() + "/", folder / "");
