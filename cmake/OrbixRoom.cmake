@@ -4,6 +4,10 @@
 # the compiler must not fuse a multiplication and an addition into one rounding.
 add_library(orbix_flags INTERFACE)
 target_compile_options(orbix_flags INTERFACE -Wall -Wextra -Wconversion -ffp-contract=off)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # A false alarm of this compiler where an optimised std::string is put together.
+    target_compile_options(orbix_flags INTERFACE -Wno-restrict)
+endif()
 if(ORBIX_SANITIZE)
     target_compile_options(orbix_flags INTERFACE -fsanitize=${ORBIX_SANITIZE}
                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -26,7 +26,7 @@ EventBytes IdTrackName(int id) {
 
 EventBytes MessageEvent(const DeviceMessage& message) {
     const DeviceMessageBytes sent = EncodeDeviceMessage(message);
-    EventBytes bytes = {sent[0], static_cast<std::uint8_t>(sent.size() - 1)};
-    bytes.insert(bytes.end(), sent.begin() + 1, sent.end());
+    EventBytes bytes(sent.begin(), sent.end());
+    bytes.insert(bytes.begin() + 1, static_cast<std::uint8_t>(sent.size() - 1));
     return bytes;
 }
