@@ -221,6 +221,17 @@ TEST_F(StudioWindow, RecentFilesAndFoldersOutliveTheProgram) {
     EXPECT_EQ(second.CurrentDocument().File(), odd);
     EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::patterns),
               desk.Folder().string());
+
+    StudioSettings().NoteFolder(StudioSettings::Folder::csvLoad, "/load");
+    StudioSettings().NoteFolder(StudioSettings::Folder::csvSave, "/save");
+    desk.Next([&](QWidget&) {
+        DialogDriver driver(*window.OpenDialog());
+        EXPECT_EQ(window.OpenDialog()->GetInitialDirCsvLoad(), "/load");
+        EXPECT_EQ(window.OpenDialog()->GetInitialDirCsvSave(), "/save");
+        driver.Click(kBtnCancel);
+    });
+    window.EditEvents();
+    EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::csvSave), "/save");
     // One that is gone is told and forgotten.
     std::filesystem::remove(desk / "8.3dp");
     desk.Box("8.3dp: cannot be read: No such file", "OK");
