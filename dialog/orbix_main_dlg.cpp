@@ -4,14 +4,13 @@
 
 #include "dialog/pattern_name.h"
 #include "params/pattern_block.h"
+#include "params/pattern_requests.h"
 #include "platform/data_exchange.h"
 #include "platform/hooks.h"
 #include "platform/named_guard.h"
 #include "platform/native.h"
 
 namespace {
-
-constexpr std::uint32_t kParamName = 2902;
 
 CString FolderText(const char* folder) {
     return folder == nullptr ? CString() : CString(folder);
@@ -167,7 +166,7 @@ void COrbixMainDlg::LoadPattern(CQelCPB_3DPattern* pattern) {
 
 std::optional<CString> COrbixMainDlg::NameInPattern() const {
     st_paramName name;
-    if (pattern_ == nullptr || !pattern_->GetParam(kParamName, &name, kSizeParamName)) {
+    if (pattern_ == nullptr || !pattern_->GetParam(kPatternName, &name, kSizeParamName)) {
         return std::nullopt;
     }
     return DisplayName({name.name, strnlen(name.name, sizeof name.name)});

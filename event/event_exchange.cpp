@@ -5,19 +5,12 @@
 #include "event/event_store.h"
 #include "event/time_sig_list.h"
 #include "params/pattern_block.h"
+#include "params/pattern_requests.h"
 #include "params/position_block.h"
 #include "platform/hooks.h"
 
 namespace {
 
-// Parameters of the pattern.
-constexpr std::uint32_t kPatternPosition = 2900;
-constexpr std::uint32_t kPatternPositionCount = 2901;
-constexpr std::uint32_t kPatternName = 2902;
-constexpr std::uint32_t kPatternPositionTick = 2904;  // the first of seven
-constexpr std::uint32_t kPatternClearPositions = 2911;
-constexpr std::uint32_t kPatternDivision = 2913;
-constexpr std::uint32_t kPatternTimeSigs = 2914;
 // The first of the seven parameters of a position block: tick, id, two without meaning here,
 // azimuth, elevation, distance.
 constexpr std::uint32_t kPositionTick = 2800;

@@ -3,24 +3,21 @@
 #include <algorithm>
 #include <vector>
 
+#include "params/pattern_requests.h"
 #include "params/value_forms.h"
 
 namespace {
 
-constexpr std::uint32_t kParamPositionCount = 2901;
-constexpr std::uint32_t kParamName = 2902;
-constexpr std::uint32_t kParamTimeSigs = 2914;
-
 std::uint32_t PositionCount(const CQelCPB_3DPattern& pattern) {
     st_paramValue record;
-    pattern.GetParam(kParamPositionCount, &record, kSizeParamValue);
+    pattern.GetParam(kPatternPositionCount, &record, kSizeParamValue);
     return record.value;
 }
 
 std::size_t TimeSigCount(const CQelCPB_3DPattern& pattern) {
     std::vector<t_tSigRec> records;
     st_paramTimeSigRecords reference{&records};
-    pattern.GetParam(kParamTimeSigs, &reference, kSizeReference);
+    pattern.GetParam(kPatternTimeSigs, &reference, kSizeReference);
     return records.size();
 }
 
@@ -45,6 +42,6 @@ void AddLeftOutOfPattern(const CQelCPB_3DPattern& pattern, const C3DEventData& s
 
 std::string PatternName(const CQelCPB_3DPattern& pattern) {
     st_paramName record;
-    pattern.GetParam(kParamName, &record, kSizeParamName);
+    pattern.GetParam(kPatternName, &record, kSizeParamName);
     return record.name;
 }

@@ -2,14 +2,10 @@
 
 #include <cstdint>
 
+#include "params/pattern_requests.h"
 #include "params/value_forms.h"
 
 namespace {
-
-constexpr std::uint32_t kPosition = 2900;
-constexpr std::uint32_t kPositionCount = 2901;
-constexpr std::uint32_t kPositionTick = 2904;
-constexpr std::uint32_t kClearPositions = 2911;
 
 std::uint32_t ValueOf(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector) {
     st_paramValue record{selector, 0, nullptr};
@@ -19,16 +15,16 @@ std::uint32_t ValueOf(const CQelCPB_3DPattern& pattern, std::uint32_t id, int se
 
 void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, bool inside,
                      CQelCPB_3DPattern& to) {
-    const auto count = static_cast<std::int32_t>(ValueOf(from, kPositionCount, -1));
+    const auto count = static_cast<std::int32_t>(ValueOf(from, kPatternPositionCount, -1));
     for (std::int32_t i = 0; i < count; ++i) {
         st_paramChild child{0, i, nullptr};
-        if (range.Admits(ValueOf(from, kPositionTick, i)) != inside ||
-            !from.GetParam(kPosition, &child, kSizeParamChild)) {
+        if (range.Admits(ValueOf(from, kPatternPositionTick, i)) != inside ||
+            !from.GetParam(kPatternPosition, &child, kSizeParamChild)) {
             continue;
         }
         auto copy = child.block->Clone();
         st_paramChild appended{0, -1, copy.get()};
-        if (to.SetParam(kPosition, &appended, kSizeParamChild)) {
+        if (to.SetParam(kPatternPosition, &appended, kSizeParamChild)) {
             static_cast<void>(copy.release());
         }
     }
@@ -38,7 +34,7 @@ void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, boo
 
 CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern, const EventRange& range) {
     CQelCPB_3DPattern kept(pattern);
-    kept.DoParam(kClearPositions, nullptr, 0);
+    kept.DoParam(kPatternClearPositions, nullptr, 0);
     AppendPositions(pattern, range, true, kept);
     return kept;
 }

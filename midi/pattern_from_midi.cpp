@@ -4,6 +4,7 @@
 
 #include "midi/pattern_events.h"
 #include "midi/pattern_midi.h"
+#include "params/pattern_requests.h"
 #include "params/position_block.h"
 #include "sequence/byte_stream.h"
 
@@ -124,7 +125,7 @@ private:
 
     void PutDivision() {
         st_paramValue division{-1, static_cast<std::uint32_t>(sequence_.GetDivision())};
-        result_.pattern->SetParam(2913, &division, kSizeParamValue);
+        result_.pattern->SetParam(kPatternDivision, &division, kSizeParamValue);
     }
 
     void PutTimeSigs() {
@@ -137,7 +138,7 @@ private:
                                std::min(each.denominator, kMostDenominator)});
         }
         st_paramTimeSigRecords reference{&records};
-        result_.pattern->SetParam(2914, &reference, kSizeReference);
+        result_.pattern->SetParam(kPatternTimeSigs, &reference, kSizeReference);
     }
 
     void PutPositions() {
@@ -149,7 +150,7 @@ private:
         for (std::size_t i = 0; i < count; ++i) {
             auto block = PositionFrom(placements_[i]);
             st_paramChild child{0, static_cast<std::int32_t>(i), block.get()};
-            if (result_.pattern->SetParam(2900, &child, kSizeParamChild)) {
+            if (result_.pattern->SetParam(kPatternPosition, &child, kSizeParamChild)) {
                 static_cast<void>(block.release());
             }
         }

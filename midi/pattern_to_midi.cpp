@@ -4,6 +4,7 @@
 
 #include "midi/pattern_events.h"
 #include "midi/pattern_midi.h"
+#include "params/pattern_requests.h"
 #include "params/position_block.h"
 #include "sequence/byte_stream.h"
 #include "sequence/musical_time.h"
@@ -65,7 +66,7 @@ std::string PlaceText(const t_tSigRec& record) {
 class PatternWriter {
 public:
     explicit PatternWriter(const CQelCPB_3DPattern& pattern)
-        : pattern_(pattern), division_(ValueOf(pattern, 2913)) {}
+        : pattern_(pattern), division_(ValueOf(pattern, kPatternDivision)) {}
 
     /// Words for what does not fit into a file, empty when all does.
     std::string Collect(std::uint32_t tempo) {
@@ -73,7 +74,7 @@ public:
             return "division " + std::to_string(division_) + ": expected 1 to 32767";
         }
         st_paramName name;
-        pattern_.GetParam(2902, &name, kSizeParamName);
+        pattern_.GetParam(kPatternName, &name, kSizeParamName);
         moments_.push_back({0, 0, MetaEvent(kMetaTrackName, name.name)});
         moments_.push_back({0, 0, TempoEvent(tempo)});
         std::string refusal = CollectTimeSigs();
@@ -103,7 +104,7 @@ private:
     std::string CollectTimeSigs() {
         std::vector<t_tSigRec> records;
         st_paramTimeSigRecords reference{&records};
-        pattern_.GetParam(2914, &reference, kSizeReference);
+        pattern_.GetParam(kPatternTimeSigs, &reference, kSizeReference);
         std::vector<t_tSigMapRec> map;
         for (const t_tSigRec& record : records) {
             if (!AddTimeSig(record, map)) {
@@ -135,7 +136,7 @@ private:
     }
 
     void CollectPositions() {
-        const auto count = static_cast<int>(ValueOf(pattern_, 2901));
+        const auto count = static_cast<int>(ValueOf(pattern_, kPatternPositionCount));
         for (int i = 0; i < count; ++i) {
             // In the order of the pattern's parameters 2904 to 2910.
             const auto value = [&](std::uint32_t id) { return ValueOf(pattern_, id, i); };
