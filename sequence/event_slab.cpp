@@ -1,9 +1,10 @@
 #include "sequence/event_slab.h"
 
-#include <cstdlib>
 #include <mutex>
 #include <new>
 #include <utility>
+
+#include "sequence/slab_pages.h"
 
 #ifdef ORBIX_PLAIN_SLOTS
 
@@ -24,19 +25,18 @@ void ReturnEventSlots(void* slot, std::uint32_t /*count*/) {
 
 namespace {
 
-// A little shorter than its alignment, so that slabs stand without gaps in the heap, which needs a
-// word for each. The aligned form of `operator new` would round the length up again.
-constexpr std::size_t kSlabBytes = kEventSlab - 16;
 constexpr std::size_t kHeadBytes = (sizeof(EventSlab) + kEventSlot - 1) / kEventSlot * kEventSlot;
-constexpr std::uint32_t kSlots = (kSlabBytes - kHeadBytes) / kEventSlot;
+constexpr std::uint32_t kSlots = (kEventSlab - kHeadBytes) / kEventSlot;
 
 /// The empty slabs. Never destroyed: events of static duration may come back last of all.
 class Spares {
 public:
     EventSlab* Take() {
-        void* slab = Pop();
-        if (!slab)
-            slab = std::aligned_alloc(kEventSlab, kSlabBytes);
+        void* slab = nullptr;
+        {
+            const std::lock_guard lock(m_mutex);
+            slab = m_top ? Pop() : m_pages.Take();
+        }
         if (!slab)
             throw std::bad_alloc();
         return new (slab) EventSlab{kSlots};
@@ -44,27 +44,23 @@ public:
 
     /// Runs when an event is deleted, so it must not ask for memory: the slabs are their own list.
     void Keep(EventSlab* slab) {
-        {
-            const std::lock_guard lock(m_mutex);
-            if (m_count < kSpareBytes / kEventSlab) {
-                slab->next = std::exchange(m_top, slab);
-                ++m_count;
-                return;
-            }
+        const std::lock_guard lock(m_mutex);
+        if (m_count >= kSpareBytes / kEventSlab) {
+            m_pages.GiveBack(slab);
+            return;
         }
-        std::free(slab);
+        slab->next = std::exchange(m_top, slab);
+        ++m_count;
     }
 
 private:
-    void* Pop() {
-        const std::lock_guard lock(m_mutex);
-        if (!m_top)
-            return nullptr;
+    EventSlab* Pop() {
         --m_count;
         return std::exchange(m_top, m_top->next);
     }
 
     std::mutex m_mutex;
+    SlabPages m_pages;
     EventSlab* m_top = nullptr;
     std::size_t m_count = 0;
 };
