@@ -49,6 +49,9 @@ std::string ReadStandardInput() {
     std::vector<char> block(1U << 16U);
     while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
         bytes.append(block.data(), count);
+        if (bytes.size() > kLongestFile) {
+            throw Failure(ExitCode::failed, "standard input: cannot be read: File too large");
+        }
     }
     if (std::ferror(stdin) != 0) {
         throw Failure(ExitCode::failed,

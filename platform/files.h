@@ -10,8 +10,12 @@
 
 /// Whole files in and out. Paths are UTF-8. Any thread.
 
-/// The bytes of a file, or nothing when it can't be opened or read (a folder counts so).
-/// `reason` takes the system's words for the failure.
+/// Bytes of the longest file that is read: far above any pattern or song, and low enough that a
+/// device without an end does not take the machine's memory.
+inline constexpr std::size_t kLongestFile = std::size_t{256} << 20;
+
+/// The bytes of a file, or nothing when it can't be opened or read (a folder counts so) or is
+/// longer than `kLongestFile`. `reason` takes the system's words for the failure.
 ORBIX_API std::optional<std::string> ReadWholeFile(const CString& path, CString* reason = nullptr);
 
 /// Writes `bytes` to a new file beside `path`, brings it to the disk and renames it over `path`,

@@ -98,6 +98,10 @@ bool ReadToEnd(int descriptor, std::string& bytes) {
         if (count <= 0) {
             return count == 0;
         }
+        if (bytes.size() + static_cast<std::size_t>(count) > kLongestFile) {
+            errno = EFBIG;
+            return false;
+        }
         bytes.append(block, static_cast<std::size_t>(count));
     }
 }

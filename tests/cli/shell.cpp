@@ -15,7 +15,7 @@ namespace {
 #ifdef __SANITIZE_ADDRESS__
 constexpr const char* kPrelude = "PATH='" ORBIX_PROGRAM_FOLDER "':$PATH && ";
 #else
-constexpr const char* kPrelude = "PATH='" ORBIX_PROGRAM_FOLDER "':$PATH && ulimit -v 131072 && ";
+constexpr const char* kPrelude = "PATH='" ORBIX_PROGRAM_FOLDER "':$PATH && ulimit -S -v 131072 && ";
 #endif
 
 }  // namespace
