@@ -6,6 +6,7 @@
 #include "cli/options.h"
 #include "cli/output.h"
 #include "cli/verbs.h"
+#include "event/csv_line.h"
 #include "midi/midi_file.h"
 #include "midi/pattern_midi.h"
 #include "params/pattern_form.h"
@@ -41,6 +42,16 @@ std::string MidiFileBytes(const Document& document, const CQelCPB_3DPattern& pat
     return WriteMidiBytes(*sequence).value();
 }
 
+// What no reader takes is not written.
+std::string CsvBytes(const Document& document) {
+    const std::uint32_t division = document.store.Division();
+    if (!IsCsvDivisionNumber(division)) {
+        throw Failure(ExitCode::refused, document.label + ": fits no CSV file: division " +
+                                             std::to_string(division) + " is not in 12 to 960");
+    }
+    return document.store.CsvText();
+}
+
 std::string MessageBytes(const C3DEventData& store) {
     std::string bytes;
     for (const std::string& message : DeviceMessagesOf(store)) {
@@ -51,7 +62,7 @@ std::string MessageBytes(const C3DEventData& store) {
 
 std::string OutputBytes(const Document& document, FileKind kind, const ConvertOptions& options) {
     if (kind == FileKind::csv) {
-        return document.store.CsvText();
+        return CsvBytes(document);
     }
     if (kind == FileKind::messages) {
         return MessageBytes(document.store);

@@ -13,8 +13,6 @@ constexpr std::size_t kLineBuffer = 1023;
 constexpr std::string_view kDivisionPrefix = "Division,";
 constexpr std::string_view kDigits = "-0123456789";
 constexpr std::size_t kMaxDigits = 10;
-constexpr std::uint32_t kDivisionLow = 12;
-constexpr std::uint32_t kDivisionHigh = 960;
 constexpr int kPositionFields = 7;
 constexpr int kTimeSigFields = 5;
 
@@ -144,7 +142,7 @@ int ParseCsvDivision(std::string_view line, std::uint32_t& division) {
         return kErrorDivision;
     }
     division = static_cast<std::uint32_t>(number[0]);
-    return division >= kDivisionLow && division <= kDivisionHigh ? 0 : kErrorDivision;
+    return IsCsvDivisionNumber(division) ? 0 : kErrorDivision;
 }
 
 int CheckCsvFields(std::string_view line, int highest) {

@@ -32,6 +32,11 @@ bool IsCsvHeader(std::string_view line);
 /// A line that begins with "Division,".
 bool IsCsvDivision(std::string_view line);
 
+/// A division that a CSV file may have: 12 to 960 ticks per quarter note.
+constexpr bool IsCsvDivisionNumber(std::uint32_t division) {
+    return division >= 12 && division <= 960;
+}
+
 /// Reads a division line: 0, kErrorFormat, or kErrorDivision without a number from 12 to 960.
 int ParseCsvDivision(std::string_view line, std::uint32_t& division);
 
