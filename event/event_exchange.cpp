@@ -4,6 +4,7 @@
 #include "event/event_check.h"
 #include "event/event_store.h"
 #include "event/time_sig_list.h"
+#include "params/device_message.h"
 #include "params/pattern_block.h"
 #include "params/pattern_requests.h"
 #include "params/position_block.h"
@@ -16,17 +17,13 @@ namespace {
 constexpr std::uint32_t kPositionTick = 2800;
 constexpr std::size_t kPositionParameters = 7;
 
-// Azimuth and elevation travel as degrees / 3 + 64.
-constexpr int kWireStep = 3;
-constexpr int kWireZero = 64;
-
 std::uint32_t ToWire(int degrees) {
-    return static_cast<std::uint32_t>(degrees / kWireStep + kWireZero);
+    return static_cast<std::uint32_t>(WireFromDegrees(degrees));
 }
 
 // Wraps at 16 bits, as the field does.
 std::int16_t FromWire(int wire) {
-    return static_cast<std::int16_t>((wire - kWireZero) * kWireStep);
+    return static_cast<std::int16_t>(DegreesFromWire(wire));
 }
 
 // A parameter that can't be got reads as 0.

@@ -138,13 +138,15 @@ private:
     void CollectPositions() {
         const auto count = static_cast<int>(ValueOf(pattern_, kPatternPositionCount));
         for (int i = 0; i < count; ++i) {
-            // In the order of the pattern's parameters 2904 to 2910.
             const auto value = [&](std::uint32_t id) { return ValueOf(pattern_, id, i); };
-            const DeviceMessage message{static_cast<std::uint8_t>(value(2905)), value(2910),
-                                        static_cast<std::uint8_t>(value(2908)),
-                                        static_cast<std::uint8_t>(value(2909))};
-            moments_.push_back(
-                {value(2904), 1 + std::min<int>(message.id, kIdTracks - 1), MessageEvent(message)});
+            const DeviceMessage message{
+                static_cast<std::uint8_t>(value(kPatternPositionId)),
+                value(kPatternPositionDistance),
+                static_cast<std::uint8_t>(value(kPatternPositionAzimuth)),
+                static_cast<std::uint8_t>(value(kPatternPositionElevation))};
+            moments_.push_back({value(kPatternPositionTick),
+                                1 + std::min<int>(message.id, kIdTracks - 1),
+                                MessageEvent(message)});
         }
     }
 

@@ -6,6 +6,14 @@
 #include <optional>
 #include <span>
 
+/// Azimuth and elevation as they travel, in steps of three degrees from -192.
+constexpr int WireFromDegrees(int degrees) {
+    return degrees / 3 + 64;
+}
+constexpr int DegreesFromWire(int wire) {
+    return (wire - 64) * 3;
+}
+
 /// What one device message says: where a source is. The tick does not travel.
 struct DeviceMessage {
     std::uint8_t id = 0;         ///< 3D ID of the source

@@ -8,16 +8,8 @@ namespace {
 
 constexpr std::uint32_t kRequestDeviceMessage = 5;
 
-// Azimuth and elevation travel as degrees / 3 + 64.
-constexpr int kDegreesPerStep = 3;
-constexpr int kWireZero = 64;
-
 std::uint32_t WireForm(int degrees) {
-    return static_cast<std::uint32_t>(degrees / kDegreesPerStep + kWireZero);
-}
-
-int Degrees(std::uint8_t wire) {
-    return (wire - kWireZero) * kDegreesPerStep;
+    return static_cast<std::uint32_t>(WireFromDegrees(degrees));
 }
 
 }  // namespace
@@ -54,6 +46,6 @@ std::optional<DevicePlacement> ReadDeviceMessage(std::string_view bytes) {
     if (!message) {
         return std::nullopt;
     }
-    return DevicePlacement{message->id, message->distance, Degrees(message->azimuth),
-                           Degrees(message->elevation)};
+    return DevicePlacement{message->id, message->distance, DegreesFromWire(message->azimuth),
+                           DegreesFromWire(message->elevation)};
 }
