@@ -24,7 +24,8 @@ struct SortKey {
 };
 
 // Whether `left` must stand behind `right`. A strict weak ordering for the two types of the table.
-bool MustFollow(const SortKey& left, const SortKey& right) {
+// An object and no function, so that the sort's loops hold it in line.
+constexpr auto MustFollow = [](const SortKey& left, const SortKey& right) {
     if (left.tick != right.tick) {
         return left.tick > right.tick;
     }
@@ -32,7 +33,7 @@ bool MustFollow(const SortKey& left, const SortKey& right) {
         return right.type == kEventTimeSig;
     }
     return left.type == kEventPosition && left.id > right.id;
-}
+};
 
 bool HasTableType(const _tagEvent3D& event) {
     return event.type == kEventPosition || event.type == kEventTimeSig;

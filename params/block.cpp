@@ -80,7 +80,7 @@ void CZurBlock::Read(std::strstream* stream, bool anyId) {
 
 bool CZurBlock::ReadHeader(std::strstream* stream, bool anyId) {
     std::uint32_t storedId = 0;
-    if (HoldsAnotherBlock(stream)) {
+    if (!anyId && HoldsAnotherBlock(stream)) {
         CZurByteStream(stream, false).Peek(storedId);
     }
     if (!anyId && storedId != GetID()) {

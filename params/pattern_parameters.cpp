@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <typeinfo>
 #include <vector>
 
 #include "params/position_block.h"
@@ -12,14 +13,22 @@ namespace {
 
 constexpr std::size_t kNameLimit = 16;
 
+/// A block's port, or null when it has none. Nearly every one is a position, and telling that takes
+/// no search through its bases.
+CZurParamPort* PortOf(CZurBlock* block) {
+    if (block != nullptr && typeid(*block) == typeid(CQelCPB_3DPosition)) {
+        return static_cast<CQelCPB_3DPosition*>(block);
+    }
+    return dynamic_cast<CZurParamPort*>(block);
+}
+
 /// The port of position event number `selector`, or null.
 CZurParamPort* PositionPort(const CZurComposite& pattern, const st_paramValue* record) {
     if (record == nullptr) {
         return nullptr;
     }
     st_paramChild child{kPositionBlock, record->selector, nullptr};
-    return pattern.Get(7, &child, kSizeParamChild) ? dynamic_cast<CZurParamPort*>(child.block)
-                                                   : nullptr;
+    return pattern.Get(7, &child, kSizeParamChild) ? PortOf(child.block) : nullptr;
 }
 
 CQelCPB_TimeSigList* ListOf(const CZurComposite& pattern) {

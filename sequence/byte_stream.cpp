@@ -121,6 +121,13 @@ Raw<Value> ToWire(Value value) {
     return bytes;
 }
 
+/// What the stream does not have becomes 0.
+void ReadOrZero(std::strstream& stream, void* buffer, std::size_t count) {
+    stream.read(static_cast<char*>(buffer), static_cast<std::streamsize>(count));
+    const auto got = static_cast<std::size_t>(stream.gcount());
+    std::memset(static_cast<char*>(buffer) + got, 0, count - got);
+}
+
 }  // namespace
 
 CZurByteStream::CZurByteStream(std::strstream* stream, bool owned)
@@ -135,9 +142,7 @@ CZurByteStream::~CZurByteStream() {
 std::int32_t CZurByteStream::ReadBytes(void* buffer, std::int32_t count) {
     if (!m_stream || !buffer || count < 1)
         return 0;
-    m_stream->read(static_cast<char*>(buffer), count);
-    const auto got = static_cast<std::size_t>(m_stream->gcount());
-    std::memset(static_cast<char*>(buffer) + got, 0, static_cast<std::size_t>(count) - got);
+    ReadOrZero(*m_stream, buffer, static_cast<std::size_t>(count));
     return TellRead();
 }
 
@@ -171,7 +176,7 @@ CZurByteStream& CZurByteStream::operator>>(Value& value) {
     if (!m_stream)
         return *this;
     Raw<Value> bytes{};
-    ReadBytes(bytes.data(), static_cast<std::int32_t>(bytes.size()));
+    ReadOrZero(*m_stream, bytes.data(), bytes.size());
     value = FromWire<Value>(bytes);
     return *this;
 }
@@ -187,7 +192,8 @@ CZurByteStream& CZurByteStream::Peek(Value& value) {
 template <WireValue Value>
 CZurByteStream& CZurByteStream::operator<<(Value value) {
     const Raw<Value> bytes = ToWire(value);
-    WriteBytes(bytes.data(), static_cast<std::int32_t>(bytes.size()));
+    if (m_stream)
+        m_stream->write(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     return *this;
 }
 
