@@ -1,13 +1,10 @@
 #pragma once
 
-#include <unistd.h>
-
-#include <filesystem>
-#include <string>
 #include <tuple>
 #include <vector>
 
 #include "event/event_store.h"
+#include "tests/support/temporary_folder.h"
 
 inline _tagEvent3D Position(std::uint8_t id, std::uint32_t tick, std::uint16_t distance = 1000) {
     _tagEvent3D event;
@@ -48,18 +45,3 @@ inline int Replace(C3DEventData& store, int index, _tagEvent3D event) {
 inline auto StateOf(const C3DEventData& store) {
     return std::tuple(Table(store), Map(store), store.Division(), store.CanUndo(), store.CanRedo());
 }
-
-/// A folder of this process, gone with the object.
-class TemporaryFolder {
-public:
-    TemporaryFolder() { std::filesystem::create_directories(path_); }
-    ~TemporaryFolder() {
-        std::filesystem::current_path("/");  // It may be this very folder.
-        std::filesystem::remove_all(path_);
-    }
-    std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_ =
-        std::filesystem::temp_directory_path() / ("orbix-event-" + std::to_string(::getpid()));
-};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+/// A new folder, gone with the object.
+class TemporaryFolder {
+public:
+    TemporaryFolder() { EXPECT_NE(::mkdtemp(path_.data()), nullptr); }
+    ~TemporaryFolder() {
+        std::filesystem::current_path("/");  // It may be this very folder.
+        std::filesystem::remove_all(path_);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    const std::string& Path() const { return path_; }
+    std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+
+private:
+    std::string path_ = (std::filesystem::temp_directory_path() / "orbix-XXXXXX").string();
+};
