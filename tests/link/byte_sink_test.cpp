@@ -5,26 +5,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 #include "platform/files.h"
 #include "tests/link/test_clock.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
 struct ByteSinkTest : testing::Test {
-    ByteSinkTest() {
-        folder = (std::filesystem::temp_directory_path() / "orbix-sink-XXXXXX").string();
-        EXPECT_NE(::mkdtemp(folder.data()), nullptr);
-        pipe = folder + "/pipe";
-        EXPECT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    }
-    ~ByteSinkTest() override {
-        LetReaderGo();
-        std::filesystem::remove_all(folder);
-    }
+    ByteSinkTest() { EXPECT_EQ(::mkfifo(pipe.c_str(), 0600), 0); }
+    ~ByteSinkTest() override { LetReaderGo(); }
     void OpenReader() { reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK); }
     void LetReaderGo() {
         if (reader >= 0) {
@@ -44,12 +36,13 @@ struct ByteSinkTest : testing::Test {
     }
 
     FakeClock clock;
-    std::string folder, pipe;
+    TemporaryFolder folder;
+    std::string pipe = folder / "pipe";
     int reader = -1;
 };
 
 TEST_F(ByteSinkTest, FileIsMadeAndWrittenOn) {
-    const std::string path = folder + "/out.syx";
+    const std::string path = folder / "out.syx";
     {
         ByteSink sink(path);
         EXPECT_EQ(Send(sink, "abc"), 3);
@@ -64,15 +57,15 @@ TEST_F(ByteSinkTest, FileIsMadeAndWrittenOn) {
 }
 
 TEST_F(ByteSinkTest, WhatCannotBeOpenedIsNamedAndNeverMadeInTheDeviceFolder) {
-    std::filesystem::create_symlink("/dev/orbix-no-such-node", folder + "/link");
+    std::filesystem::create_symlink("/dev/orbix-no-such-node", folder / "link");
     const struct {
         std::string path;
         const char* words;
-    } cases[] = {{folder, "Is a directory"},
-                 {folder + "/none/out", "No such file or directory"},
+    } cases[] = {{folder.Path(), "Is a directory"},
+                 {folder / "none/out", "No such file or directory"},
                  {"/dev/orbix-no-such-node", "No such file or directory"},
                  {"/dev/shm/../orbix-no-such-node", "No such file or directory"},
-                 {folder + "/link", "File exists"}};
+                 {folder / "link", "File exists"}};
     for (const auto& [path, words] : cases) {
         ByteSink sink(path);
         EXPECT_EQ(Send(sink, "abc"), -2) << path;
@@ -98,6 +91,7 @@ TEST_F(ByteSinkTest, PipeWaitsForItsReaderUpToTheLimit) {
     };
     EXPECT_EQ(Send(sink, "abc"), 3);
     EXPECT_EQ(clock.Elapsed(), 450U);
+    EXPECT_EQ(sink.FailureText(), "");
     EXPECT_EQ(ReadOn(), "abc");
 }
 

@@ -50,6 +50,7 @@ struct LinkTest : testing::Test {
     CEvent block;
     CSingleLock busy;
     CZurSMWMan manager{&side.ownership, &device, &block, &busy};
+    CDeviceOwnership bare{nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
 
     void ExpectIdle() const {
         EXPECT_FALSE(busy.IsLocked());
@@ -81,7 +82,6 @@ TEST_F(LinkTest, NothingGoesOutWhenRefused) {
         EXPECT_EQ(clock.Elapsed(), 0U) << why;
         ExpectIdle();
     };
-    CDeviceOwnership bare(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
     CZurSMWMan partless[] = {{nullptr, &device, &block, &busy},
                              {&side.ownership, nullptr, &block, &busy},
                              {&side.ownership, &device, &block, nullptr},
@@ -107,14 +107,12 @@ TEST_F(LinkTest, NestedGuardDoesNothing) {
     {
         const CBusyGuard outer(busy, flag);
         { const CBusyGuard inner(busy, flag); }
-        EXPECT_EQ(flag, 1);
-        EXPECT_TRUE(busy.IsLocked());
+        EXPECT_TRUE(flag == 1 && busy.IsLocked());
     }
-    EXPECT_EQ(flag, 0);
-    EXPECT_FALSE(busy.IsLocked());
+    EXPECT_FALSE(flag == 1 || busy.IsLocked());
     busy.Lock();
     {
-        const CBusyGuard onPlainLock(busy, flag), again(busy, flag);
+        const CBusyGuard onPlainLock(busy, flag);
         EXPECT_EQ(flag, 0);
     }
     EXPECT_TRUE(busy.IsLocked());
@@ -123,22 +121,18 @@ TEST_F(LinkTest, NestedGuardDoesNothing) {
 
 TEST_F(LinkTest, LocksHeldByAnyoneAreWaitedFor) {
     int rests = 0;
-    const auto unlockAtThird = [&](CSingleLock& lock) {
-        lock.Lock();
+    for (CSingleLock* const lock : {&busy, &shared.mainLock}) {
+        lock->Lock();  // the busy lock without a guard
         rests = 0;
-        clock.onSleep = [&](DWORD) {
+        clock.onSleep = [&, lock](DWORD) {
             if (++rests == 3) {
-                lock.Unlock();
+                lock->Unlock();
             }
         };
-    };
-    unlockAtThird(busy);
-    EXPECT_TRUE(manager.EnsureOwned()) << "busy lock held without a guard";
-    EXPECT_EQ(clock.Elapsed(), 503U);
-    unlockAtThird(shared.mainLock);
-    EXPECT_TRUE(manager.EnsureOwned());
-    EXPECT_EQ(clock.Elapsed(), 506U);
-    clock.onSleep = nullptr;
+        EXPECT_TRUE(manager.EnsureOwned());
+        clock.onSleep = nullptr;
+        EXPECT_EQ(clock.Elapsed(), lock == &busy ? 503U : 506U);
+    }
     side.ownership.GiveUp();
 
     shared.release.SetEvent();
@@ -146,20 +140,20 @@ TEST_F(LinkTest, LocksHeldByAnyoneAreWaitedFor) {
         CSingleLock fresh;
         CDeviceOwnership watched(&fresh, &shared.stateLock, &shared.release, &shared.held, nullptr,
                                  nullptr, nullptr);
-        unlockAtThird(fresh);
-        clock.onSleep = [&, unlock = clock.onSleep](DWORD milliseconds) {
-            unlock(milliseconds);
+        fresh.Lock();
+        rests = 0;
+        clock.onSleep = [&](DWORD) {
+            ++rests;
+            if (rests >= 3) {
+                fresh.Unlock();
+            }
             if (rests == 3 && takenAgain) {
                 fresh.Lock();
-            }
-            if (rests == 4) {
-                fresh.Unlock();
             }
         };
         EXPECT_EQ(CDeviceOwnership::OwnerWatch(&watched), 0U);
         EXPECT_EQ(rests, 3) << "the watch begins when the main lock has been free";
     }
-    CDeviceOwnership bare(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(CDeviceOwnership::OwnerWatch(&bare), 0U);
 }
 
@@ -219,19 +213,15 @@ TEST_F(LinkTest, DeviceTakenAgainAtOnceIsNotOurs) {
 }
 
 TEST_F(LinkTest, TenThreadsOnOneManagerWriteOneAtATime) {
-    std::atomic<int> sent = 0;
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (int number = 0; number < 10; ++number) {
         threads.emplace_back([&] {
             for (int turn = 0; turn < 50; ++turn) {
-                sent += manager.SendData("abc", 3) == 3 ? 1 : 0;
+                EXPECT_EQ(manager.SendData("abc", 3), 3);
             }
         });
     }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(sent, 500);
+    threads.clear();
     EXPECT_EQ(device.notes.size(), 1000U);
     EXPECT_EQ(side.acquired, 1);
     for (std::size_t index = 0; index < device.notes.size(); ++index) {

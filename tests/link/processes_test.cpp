@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <vector>
@@ -11,75 +8,48 @@
 #include "platform/files.h"
 #include "tests/link/contention.h"
 #include "tests/link/test_clock.h"
+#include "tests/support/process.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
 struct ContentionTest : testing::Test {
-    ContentionTest() {
-        folder = (std::filesystem::temp_directory_path() / "orbix-link-XXXXXX").string();
-        EXPECT_NE(::mkdtemp(folder.data()), nullptr);
-        ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
-    }
-    ~ContentionTest() override { std::filesystem::remove_all(folder); }
-
-    pid_t Start(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), ORBIX_LINK_SIDE);
-        std::vector<char*> pointers;
-        for (std::string& argument : arguments) {
-            pointers.push_back(argument.data());
-        }
-        pointers.push_back(nullptr);
-        pid_t process = -1;
-        EXPECT_EQ(
-            ::posix_spawn(&process, ORBIX_LINK_SIDE, nullptr, nullptr, pointers.data(), environ),
-            0);
-        return process;
-    }
-    std::string Log() const { return ReadWholeFile(folder + "/log").value_or(""); }
+    ContentionTest() { ::setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1); }
+    std::string Log() const { return ReadWholeFile(folder / "log").value_or(""); }
     // Until the log says so and nobody is inside the device: a process that is stopped or killed
     // in there would leave its mark.
     void AwaitLog(const std::string& log) const {
-        while (Log() != log || std::filesystem::exists(folder + "/inside")) {
+        while (Log() != log || std::filesystem::exists(folder / "inside")) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
-    static int End(pid_t process, int signal) {
-        int status = -1;
-        if (signal != 0) {
-            ::kill(process, signal);
-        }
-        ::waitpid(process, &status, 0);
-        return status;
-    }
 
-    std::string folder;
+    TemporaryFolder folder;
     FastClock clock;
 };
 
 TEST_F(ContentionTest, TenThreadsAndTwoProcessesNeverOverlap) {
-    const pid_t first = Start({"send", folder, "x", "3"});
-    const pid_t second = Start({"send", folder, "y", "3"});
-    std::vector<std::thread> threads;
+    Process first({ORBIX_LINK_SIDE, "send", folder.Path(), "x", "3"});
+    Process second({ORBIX_LINK_SIDE, "send", folder.Path(), "y", "3"});
+    std::vector<std::jthread> threads;
     for (char letter = 'a'; letter < 'k'; ++letter) {
         threads.emplace_back([this, letter] {
-            ContestedDevice device(folder);
+            ContestedDevice device(folder.Path());
             LocalLink link;
             link.Open("contested", device);
             SendRepeatedly(link, letter, 1);
         });
     }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(End(first, 0), 0);
-    EXPECT_EQ(End(second, 0), 0);
+    threads.clear();
+    EXPECT_EQ(first.Await(), 0);
+    EXPECT_EQ(second.Await(), 0);
     std::string log = Log();
     std::sort(log.begin(), log.end());
     EXPECT_EQ(log, "abcdefghijxxxyyy");
 }
 
 TEST_F(ContentionTest, HolderGivesWayDiesOrIsStopped) {
-    ContestedDevice device(folder);
+    ContestedDevice device(folder.Path());
     LocalLink link;
     link.Open("contested", device);
     const auto take = [&] {
@@ -88,32 +58,33 @@ TEST_F(ContentionTest, HolderGivesWayDiesOrIsStopped) {
         EXPECT_TRUE(link.IsOwned());
         return GetTickCount() - start;
     };
-    const pid_t answering = Start({"hold", folder});
+    const std::vector<std::string> hold{ORBIX_LINK_SIDE, "hold", folder.Path()};
+    Process answering(hold);
     AwaitLog("h");
     EXPECT_LT(take(), 10'000U);
     EXPECT_EQ(clock.waits, 1);
-    End(answering, SIGKILL);
+    answering.End(SIGKILL);
 
-    const pid_t killed = Start({"hold", folder});
+    Process killed(hold);
     AwaitLog("hth");
     EXPECT_FALSE(link.IsOwned()) << "this side's own watch gave way";
-    End(killed, SIGKILL);
+    killed.End(SIGKILL);
     LocalLink heir;  // sits where the dead one sat among the sides
     heir.Open("contested", device);
     take();
     EXPECT_EQ(clock.waits, 1) << "a dead holder is not waited for";
 
-    const pid_t stopped = Start({"hold", folder});
+    Process stopped(hold);
     AwaitLog("hthth");
-    ::kill(stopped, SIGSTOP);
+    stopped.Signal(SIGSTOP);
     EXPECT_GE(take(), 10'000U);
     EXPECT_EQ(clock.waits, 2);
-    End(stopped, SIGKILL);
+    stopped.End(SIGKILL);
     EXPECT_EQ(Log(), "hththt");
 }
 
 TEST_F(ContentionTest, ClosedOrRenamedLinkLeavesTheDeviceToOthers) {
-    ContestedDevice device(folder);
+    ContestedDevice device(folder.Path());
     LocalLink first, second;
     EXPECT_EQ(first.Manager().SendData("-", 1), -1);
     first.Open("contested", device);
