@@ -1,13 +1,9 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -18,61 +14,19 @@
 #include "ports/midi_output.h"
 #include "ports/port_finder.h"
 #include "tests/support/bytes.h"
+#include "tests/support/process.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-// A process of the test's own; ends with it.
-class Process {
-public:
-    Process(std::vector<std::string> arguments, const std::string& output) {
-        std::vector<char*> pointers;
-        for (std::string& argument : arguments) {
-            pointers.push_back(argument.data());
-        }
-        pointers.push_back(nullptr);
-        posix_spawn_file_actions_t actions;
-        ::posix_spawn_file_actions_init(&actions);
-        ::posix_spawn_file_actions_addopen(&actions, 1, output.c_str(),
-                                           O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        ::posix_spawn_file_actions_adddup2(&actions, 1, 2);
-        EXPECT_EQ(::posix_spawn(&id_, pointers[0], &actions, nullptr, pointers.data(), environ), 0);
-        ::posix_spawn_file_actions_destroy(&actions);
-    }
-    ~Process() { End(SIGTERM); }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-    void End(int signal) {
-        if (id_ > 0) {
-            ::kill(id_, signal);
-            Await();
-        }
-    }
-    int Await() {
-        int status = 0;
-        ::waitpid(id_, &status, 0);
-        id_ = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-private:
-    pid_t id_ = -1;
-};
-
 // A server with the dummy driver under a name of this process, and a program that listens. Its
 // cycles are long, because a busy machine loses what was sent in one that comes late.
 struct JackTest : testing::Test {
     JackTest() {
-        folder = (std::filesystem::temp_directory_path() / "orbix-jack-XXXXXX").string();
-        EXPECT_NE(::mkdtemp(folder.data()), nullptr);
-        ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+        ::setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1);
         ::setenv("JACK_DEFAULT_SERVER", ("orbix-test-" + std::to_string(::getpid())).c_str(), 1);
-    }
-    ~JackTest() override {
-        listener.reset();
-        server.reset();
-        std::filesystem::remove_all(folder);
     }
     void SetUp() override {
         StartServer();
@@ -85,11 +39,11 @@ struct JackTest : testing::Test {
             std::vector<std::string>{ORBIX_JACKD, "-n", std::getenv("JACK_DEFAULT_SERVER"),
                                      "--no-realtime", "-S", "-d", "dummy", "-r", "48000", "-p",
                                      "1024"},
-            folder + "/server");
+            folder / "server");
     }
     void StartListener() {
         listener = std::make_unique<Process>(
-            std::vector<std::string>{ORBIX_JACK_MIDI_DUMP, "-r", "far-synth"}, folder + "/heard");
+            std::vector<std::string>{ORBIX_JACK_MIDI_DUMP, "-r", "far-synth"}, folder / "heard");
         EXPECT_TRUE(Await([this] { return !finder.Look().ports.empty(); }));
     }
     bool HasJack() {
@@ -102,16 +56,17 @@ struct JackTest : testing::Test {
     }
     std::string Read(const std::string& name) const {
         std::ostringstream text;
-        text << std::ifstream(folder + "/" + name).rdbuf();
+        text << std::ifstream(folder / name).rdbuf();
         return text.str();
     }
-    /// What the listener heard, a line a message.
+    /// What the listener heard, byte after byte; it writes a line of hexadecimal pairs a message.
     std::string Heard() const {
         std::string bytes;
         std::istringstream lines(Read("heard"));
         for (std::string line; std::getline(lines, line);) {
+            std::transform(line.begin(), line.end(), line.begin(), ::toupper);
             const std::size_t colon = line.find(": ");
-            bytes += colon == std::string::npos ? "" : line.substr(colon + 2) + "\n";
+            bytes += colon == std::string::npos ? "" : Bytes(line.substr(colon));
         }
         return bytes;
     }
@@ -126,16 +81,15 @@ struct JackTest : testing::Test {
     }
     int RunProgram(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), ORBIX_PROGRAM);
-        return Process(arguments, folder + "/words").Await();
+        return Process(arguments, folder / "words").Await();
     }
 
-    std::string folder;
+    TemporaryFolder folder;
     std::unique_ptr<Process> server, listener;
     PortFinder finder;
 };
 
 const std::string kMessage = Bytes("F0 43 79 08 7F 29 02 00 00 07 68 22 4A 00 00 00 00 F7");
-constexpr char kHeard[] = "f0 43 79 08 7f 29 02 00 00 07 68 22 4a 00 00 00 00 f7\n";
 
 TEST_F(JackTest, MessagesArriveByteByByte) {
     StartListener();
@@ -145,18 +99,12 @@ TEST_F(JackTest, MessagesArriveByteByByte) {
                           "30"}),
               0)
         << Read("words");
-    EXPECT_TRUE(Await([this] { return Heard() == kHeard; })) << Heard();
-    EXPECT_EQ(RunProgram({"convert", ORBIX_EXAMPLES "/orbit.3dp", folder + "/all.syx"}), 0);
+    EXPECT_TRUE(Await([this] { return Heard() == kMessage; })) << Hex(Heard());
+    EXPECT_EQ(RunProgram({"convert", ORBIX_EXAMPLES "/orbit.3dp", folder / "all.syx"}), 0);
     EXPECT_EQ(RunProgram({"send", ORBIX_EXAMPLES "/orbit.3dp", "--port", "far"}), 0);
-    const auto heardHex = [this] {
-        std::string hex = Heard().substr(sizeof kHeard - 1);
-        std::replace(hex.begin(), hex.end(), '\n', ' ');
-        std::transform(hex.begin(), hex.end(), hex.begin(),
-                       [](unsigned char letter) { return std::toupper(letter); });
-        return Bytes(hex);
-    };
-    EXPECT_TRUE(Await([&] { return heardHex() == Read("all.syx"); })) << Heard();
-    EXPECT_EQ(Read("all.syx").size(), 44U * 18U);
+    const std::string all = kMessage + Read("all.syx");
+    EXPECT_TRUE(Await([&] { return Heard() == all; })) << Hex(Heard());
+    EXPECT_EQ(all.size(), 45U * 18U);
 }
 
 TEST_F(JackTest, NeitherALeavingListenerNorADeadServerHangsOrIsTakenForSuccess) {
@@ -168,7 +116,7 @@ TEST_F(JackTest, NeitherALeavingListenerNorADeadServerHangsOrIsTakenForSuccess) 
     EXPECT_EQ(output.FailureText(), "the port is not connected");
     StartListener();
     EXPECT_EQ(send(), 18);
-    EXPECT_TRUE(Await([this] { return Heard() == kHeard; }));
+    EXPECT_TRUE(Await([this] { return Heard() == kMessage; }));
 
     listener->End(SIGTERM);
     EXPECT_TRUE(Await([this] { return finder.Look().ports.empty(); }));
@@ -176,7 +124,7 @@ TEST_F(JackTest, NeitherALeavingListenerNorADeadServerHangsOrIsTakenForSuccess) 
     EXPECT_EQ(send(), -1);
     StartListener();
     EXPECT_EQ(send(), 18) << "found again by its name";
-    EXPECT_TRUE(Await([this] { return Heard() == kHeard; }));
+    EXPECT_TRUE(Await([this] { return Heard() == kMessage; }));
 
     server->End(SIGTERM);
     const auto start = std::chrono::steady_clock::now();
@@ -190,15 +138,15 @@ TEST_F(JackTest, NeitherALeavingListenerNorADeadServerHangsOrIsTakenForSuccess) 
     ASSERT_TRUE(Await([this] { return HasJack(); })) << Read("server");
     StartListener();
     EXPECT_EQ(send(), 18) << "a new server";
-    EXPECT_TRUE(Await([this] { return Heard() == kHeard; })) << Heard();
+    EXPECT_TRUE(Await([this] { return Heard() == kMessage; })) << Hex(Heard());
 }
 
 TEST_F(JackTest, AServerThatDiesUnderATransferEndsIt) {
     StartListener();
     Process program(
         {ORBIX_PROGRAM, "send", ORBIX_EXAMPLES "/orbit.3dp", "--port", "far-synth", "--gap", "100"},
-        folder + "/words");
-    EXPECT_TRUE(Await([this] { return Heard().size() > 2 * sizeof kHeard; }));
+        folder / "words");
+    EXPECT_TRUE(Await([this] { return Heard().size() > 2 * 18; }));
     server->End(SIGKILL);
     EXPECT_EQ(program.Await(), 5);
     EXPECT_THAT(Read("words"), HasSubstr("far-synth:input: "));
@@ -210,10 +158,10 @@ TEST_F(JackTest, OthersCanConnectToAPortOfOurOwn) {
     ASSERT_TRUE(output.PrepareOutput(1)) << output.FailureText();
     StartListener();
     const std::string connect = std::filesystem::path(ORBIX_JACKD).parent_path() / "jack_connect";
-    EXPECT_EQ(Process({connect, "Orbix:position", "far-synth:input"}, folder + "/words").Await(), 0)
+    EXPECT_EQ(Process({connect, "Orbix:position", "far-synth:input"}, folder / "words").Await(), 0)
         << Read("words");
     EXPECT_EQ(output.WriteBlock(kMessage.data(), 18), 18);
-    EXPECT_TRUE(Await([this] { return Heard() == kHeard; }));
+    EXPECT_TRUE(Await([this] { return Heard() == kMessage; }));
 }
 
 }  // namespace
