@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <tuple>
 
 #include "sequence/seq_codes.h"
 #include "tests/sequence/tracks.h"
+#include "tests/support/data.h"
 
 namespace {
 
@@ -20,66 +22,46 @@ std::string DataOf(const CZurSeqEvent& event) {
     return data ? Hex({data, event.GetLength()}) : "-";
 }
 
-TEST(SeqEvent, ReadsEveryLayout) {
-    struct Case {
-        std::uint8_t running;
-        const char* stream;
-        std::uint32_t delta;
-        const char* data;
-        int kind;
-    };
-    const Case cases[] = {
-        {0x90, "00 3C 40", 0, "90 3C 40", 0},
-        {0x90, "00 C3 05", 0, "C3 05", 0},
-        {0xD1, "81 00 7F", 128, "D1 7F", 0},
-        {0, "00 E0 00 40", 0, "E0 00 40", 0},
-        {0, "00 FF 2F 00", 0, "FF 2F 00", 1},
-        {0, "60 FF 51 03 07 A1 20", 96, "FF 51 03 07 A1 20", 1},
-        {0xFF, "00 01 01 61", 0, "FF 01 01 61", 1},
-        {0, "00 F0 03 43 12 F7", 0, "F0 03 43 12 F7", 2},
-        {0, "00 F7 03 43 12 F7", 0, "F7 03 43 12 F7", -1},
-        {0, "00 F1 80 80 01 43", 0, "F1 01 43", -1},
-        {0, "07 3C", 7, "-", -1},
-        {0x90, "00 3C", 0, "90 3C FF", 0},  // the end shows one read late
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.stream);
-        InEveryShape(Bytes(each.stream), [&](std::strstream& stream) {
-            const CZurSeqEvent event(stream, each.running);
-            EXPECT_EQ(event.GetDelta(), each.delta);
-            EXPECT_EQ(event.GetKind(), each.kind);
-            EXPECT_EQ(DataOf(event), each.data);
+// What a whole event reads as is tested with files.
+TEST(SeqEvent, ReadsAtTheEndAndWithoutAStatus) {
+    const std::tuple<const char*, std::uint8_t, const char*> cases[] = {
+        {"00 3C", 0x90, "0\t\t90 3C FF \r"},  // the end shows one read late
+        {"81 00 7F", 0xD1, "128\t\tD1 7F \r"},
+        {"07 3C", 0, "7\t\t\r"}};
+    for (const auto& [bytes, status, line] : cases) {
+        InEveryShape(Bytes(bytes), [&, status = status, line = line](std::strstream& stream) {
+            EXPECT_EQ(DumpOf(CZurSeqEvent(stream, status)), line);
         });
     }
-}
-
-TEST(SeqEvent, RaisesOnWhatIsNotThere) {
-    for (const char* const text : {"", "00", "81", "00 90", "00 FF", "00 FF 51", "00 FF 51 03 07",
-                                   "00 F0 02 43", "81 80 80 80 00 90 3C 40"}) {
-        SCOPED_TRACE(text);
-        InEveryShape(Bytes(text), [](std::strstream& stream) {
-            CZurSeqEvent event;
-            EXPECT_EQ(CodeOf([&] { event.Read(stream, 0x90); }), kSeqEndOfStream);
-            EXPECT_EQ(DataOf(event) + std::to_string(event.GetLength()), "-0");
-            stream.clear();
-            stream.seekg(0);
-            stream.setstate(std::ios::failbit);  // counts as the end
-            EXPECT_EQ(CodeOf([&] { CZurSeqEvent(stream, 0x90); }), kSeqBadEvent);
-        });
+    for (const char* const text : {"", "00 90", "00 FF 51", "00 F0 02 43"}) {
+        CZurSeqEvent event = Event("C0 01");
+        std::strstream stream;
+        Put(stream, Bytes(text));
+        EXPECT_EQ(CodeOf([&] { event.Read(stream, 0x90); }), kSeqEndOfStream) << text;
+        EXPECT_EQ(DataOf(event) + std::to_string(event.GetLength()), "-0") << text;
+        EXPECT_EQ(CodeOf([&] { CZurSeqEvent(stream, 0x90); }), kSeqBadEvent) << text;
     }
+    std::strstream failed;
+    Put(failed, Bytes("00 3C 40"));
+    failed.setstate(std::ios::failbit);
+    EXPECT_EQ(CodeOf([&] { CZurSeqEvent(failed, 0x90); }), kSeqBadEvent) << "counts as the end";
 }
 
-TEST(SeqEvent, WritesTheStatusAlwaysAndNoDeltaThatFitsNoFile) {
-    EXPECT_EQ(Hex(BytesOf(Event("90 3C 40", 200))), "81 48 90 3C 40");
+TEST(SeqEvent, KindGoesByTheStatus) {
+    const std::pair<const char*, int> cases[] = {{"80 3C 00", 0}, {"EF 00 40", 0}, {"FF 2F 00", 1},
+                                                 {"F0 00", 2},    {"F1 00", -1},   {"F7 00", -1},
+                                                 {"FE 00", -1},   {"7F", -1},      {"", -1}};
+    for (const auto& [bytes, kind] : cases)
+        EXPECT_EQ(Event(bytes).GetKind(), kind) << bytes;
+    EXPECT_EQ(CZurSeqEvent(0, 3, nullptr).GetKind(), -1);
+}
+
+TEST(SeqEvent, WritesNoDeltaThatFitsNoFileAndDumpsOneLine) {
     EXPECT_EQ(Hex(BytesOf(CZurSeqEvent())), "00");
     std::strstream stream;
     Event("90 3C 40", 0x10000000).Save(stream);
     EXPECT_TRUE(stream.fail());
     EXPECT_EQ(stream.pcount(), 0);
-}
-
-TEST(SeqEvent, DumpsOneLine) {
-    EXPECT_EQ(DumpOf(Event("90 3C 07", 96)), "96\t\t90 3C 07 \r");
     EXPECT_EQ(DumpOf(Event("8F", 4294967295U)), "4294967295\t\t8F \r");
     EXPECT_EQ(DumpOf(CZurSeqEvent(5, 3, nullptr)), "5\t\t\r");
 }
@@ -89,16 +71,14 @@ TEST(SeqEvent, CopiesStartUnmarkedAndAssignmentKeepsTheMark) {
     event.SetMarked(7);
     CZurSeqEvent copy(event);
     EXPECT_EQ(copy.IsMarked(), 0);
-    EXPECT_EQ(DumpOf(copy), DumpOf(event));
     EXPECT_NE(copy.GetData(), event.GetData());
+    EXPECT_EQ(DumpOf(copy), "9\t\tF0 02 43 F7 \r");
     event = Event("90 3C 40 41 42 43 44 45 46", 3);
+    event = *&event;
     EXPECT_EQ(event.IsMarked(), 7);
-    copy = event;
-    copy = *&copy;
-    EXPECT_EQ(DataOf(copy), "90 3C 40 41 42 43 44 45 46");
+    EXPECT_EQ(DumpOf(event), "3\t\t90 3C 40 41 42 43 44 45 46 \r");
     const CZurSeqEvent hollow(CZurSeqEvent(1, 12, nullptr));
-    EXPECT_EQ(hollow.GetLength(), 12U);
-    EXPECT_EQ(hollow.GetData(), nullptr);
+    EXPECT_EQ(DataOf(hollow) + std::to_string(hollow.GetLength()), "-12");
 }
 
 TEST(SeqEvent, SetDataOfNothingChangesNothing) {
@@ -107,55 +87,27 @@ TEST(SeqEvent, SetDataOfNothingChangesNothing) {
     event.SetData(9, event.GetData(), 0);
     EXPECT_EQ(DumpOf(event), "5\t\t90 3C 40 \r");
     event.SetData(6, event.GetData() + 1, 2);  // out of its own bytes
-    EXPECT_EQ(DumpOf(event), "6\t\t3C 40 \r");
     const std::unique_ptr<std::uint8_t[]> copy(event.CopyData());
+    *event.GetByteAt(1) = 0x41;
+    EXPECT_EQ(DumpOf(event), "6\t\t3C 41 \r");
     EXPECT_EQ(copy[1], 0x40);
     EXPECT_EQ(CZurSeqEvent().CopyData(), nullptr);
-    *event.GetByteAt(1) = 0x41;
-    EXPECT_EQ(DataOf(event), "3C 41");
 }
 
 TEST(SeqEvent, ByteEditsKeepTheQuantityRight) {
-    struct Case {
-        const char* data;
-        std::uint32_t index;
-        const char* removed;   ///< null: refused
-        const char* inserted;  ///< with 55
-    };
-    const std::string longer = "FF 01 81 00 55" + Hex(std::string(127, 'x')).insert(0, " ");
-    const std::string shorter = "FF 01 7F" + longer.substr(14);
-    const Case cases[] = {
-        {"90 3C 40", 1, nullptr, nullptr},
-        {"FF 01 02 61 62", 2, nullptr, nullptr},
-        {"FF 01 02 61 62", 3, "FF 01 01 62", "FF 01 03 55 61 62"},
-        {"FF 01 02 61 62", 5, nullptr, "FF 01 03 61 62 55"},
-        {"FF 01 02 61 62", 6, nullptr, nullptr},
-        {"F0 03 43 12 F7", 1, nullptr, nullptr},
-        {"F0 03 43 12 F7", 3, "F0 02 43 F7", "F0 04 43 55 12 F7"},
-        {"F0 03 43 12 F7", 4, nullptr, "F0 04 43 12 55 F7"},
-        {"F0 03 43 12 F7", 5, nullptr, nullptr},
-        {"F7 02 43 F7", 3, "F7 01 43", "F7 03 43 55 F7"},
-        {"F7 00", 2, nullptr, "F7 01 55"},
-        {"F1 02 43 44", 2, nullptr, nullptr},
-        {"F7 81 81", 2, nullptr, nullptr},        // a quantity without an end
-        {"FF 01 05 61 62", 3, nullptr, nullptr},  // one that does not agree
-        {"FF", 0, nullptr, nullptr},
-        {longer.c_str(), 3, nullptr, nullptr},  // inside a quantity of two bytes
-        {shorter.c_str(), 2, nullptr, nullptr},
-    };
-    for (const Case& each : cases) {
-        CZurSeqEvent less = Event(each.data);
-        CZurSeqEvent more = Event(each.data);
-        EXPECT_EQ(less.RemoveDataByte(each.index), each.removed != nullptr) << each.data;
-        EXPECT_EQ(more.InsertDataByte(each.index, 0x55), each.inserted != nullptr) << each.data;
-        EXPECT_EQ(DataOf(less), each.removed ? each.removed : each.data);
-        EXPECT_EQ(DataOf(more), each.inserted ? each.inserted : each.data);
+    const auto rows = TestTable("byte_edits.txt");
+    EXPECT_EQ(rows.size(), 18U);
+    for (const auto& row : rows) {
+        const auto index = static_cast<std::uint32_t>(std::stoul(row[1]));
+        CZurSeqEvent shorter = Event(row[0]);
+        CZurSeqEvent longer = Event(row[0]);
+        const bool removed = shorter.RemoveDataByte(index);
+        const bool inserted = longer.InsertDataByte(index, 0x55);
+        EXPECT_EQ(removed ? DataOf(shorter) : "refused", row[2]) << row[0];
+        EXPECT_EQ(inserted ? DataOf(longer) : "refused", row[3]) << row[0];
+        EXPECT_TRUE(removed || DataOf(shorter) == row[0]);
+        EXPECT_TRUE(inserted || DataOf(longer) == row[0]);
     }
-    CZurSeqEvent event = Event(shorter);
-    EXPECT_TRUE(event.InsertDataByte(3, 0x55));
-    EXPECT_EQ(DataOf(event), longer);
-    EXPECT_TRUE(event.RemoveDataByte(4));
-    EXPECT_EQ(DataOf(event), shorter);
     EXPECT_FALSE(CZurSeqEvent().RemoveDataByte(0));
     EXPECT_FALSE(CZurSeqEvent(0, 4, nullptr).InsertDataByte(2, 1));
 }

@@ -34,6 +34,17 @@ inline CZurSequence SequenceOf(std::int16_t division, const std::vector<std::str
     return sequence;
 }
 
+inline bool ByStatus(const CZurSeqEvent* first, const CZurSeqEvent* second) {
+    return *first->GetData() < *second->GetData();
+}
+
+/// A track of the sequence, null when it has none of that number.
+inline CZurSeqTrack* Track(const CZurSequence& sequence, std::int32_t number) {
+    CZurSeqTrack* track = nullptr;
+    sequence.GetTrack(number, track);
+    return track;
+}
+
 /// The events in the form that `TrackOf` takes.
 inline std::string Text(const CZurSeqTrack& track) {
     std::string text;
@@ -49,8 +60,7 @@ inline std::string Text(const CZurSeqTrack& track) {
 /// All tracks, a bar between.
 inline std::string Text(const CZurSequence& sequence) {
     std::string text;
-    CZurSeqTrack* track = nullptr;
-    for (std::int32_t number = 1; sequence.GetTrack(number, track); ++number)
-        text += (number > 1 ? " | " : "") + Text(*track);
+    for (std::int32_t number = 1; number <= sequence.GetTrackCount(); ++number)
+        text += (number > 1 ? " | " : "") + Text(*Track(sequence, number));
     return text;
 }
