@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,22 +12,26 @@
 #include "params/raw_block.h"
 #include "tests/support/bytes.h"
 
-/// All that a block writes, as hexadecimal pairs.
-inline std::string WrittenHex(const CZurBlock& block) {
-    std::strstream stream;
-    block.Write(&stream);
-    std::string bytes(static_cast<std::size_t>(stream.pcount()), '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return Hex(bytes);
-}
-
 /// A stream that holds these bytes and stands at the first.
 struct Source {
     explicit Source(std::string_view bytes) {
         stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
+    /// What has not been read, as hexadecimal pairs.
+    std::string Rest() {
+        std::string bytes(static_cast<std::size_t>(stream.pcount() - stream.tellg()), '\0');
+        stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return Hex(bytes);
+    }
     std::strstream stream;
 };
+
+/// All that a block writes, as hexadecimal pairs.
+inline std::string WrittenHex(const CZurBlock& block) {
+    Source target("");
+    block.Write(&target.stream);
+    return target.Rest();
+}
 
 /// The number behind a parameter, -1 when the port refuses.
 inline std::int64_t Number(const CZurParamPort& port, std::uint32_t id,
@@ -65,19 +70,33 @@ inline bool PutPosition(CQelCPB_3DPattern& pattern, std::uint32_t tick, std::int
     return pattern.SetParam(2900, &record, kSizeParamChild);
 }
 
-inline std::vector<std::int64_t> Ticks(const CQelCPB_3DPattern& pattern) {
-    std::vector<std::int64_t> ticks;
-    for (std::int32_t i = 0; Number(pattern, 2904, i) >= 0; ++i) {
-        ticks.push_back(Number(pattern, 2904, i));
+/// The pattern as its parameters give it: the children's identifiers, name, two numbers, time
+/// signatures, and for each position event the seven fields; "-" for a refused request.
+inline std::string TextOf(const CQelCPB_3DPattern& pattern) {
+    std::ostringstream text;
+    for (const std::uint32_t id : ChildIds(*Held(pattern))) {
+        text << id << ' ';
     }
-    return ticks;
-}
-
-/// What 2914 gives; one record of zeros when it is refused.
-inline std::vector<t_tSigRec> TimeSigs(const CQelCPB_3DPattern& pattern) {
+    st_paramName name("-");
+    pattern.GetParam(2902, &name, kSizeParamName);
+    text << "| " << name.name << " | " << Number(pattern, 2903) << ' ' << Number(pattern, 2913);
     std::vector<t_tSigRec> records;
     st_paramTimeSigRecords reference{&records};
-    return pattern.GetParam(2914, &reference, kSizeReference)
-               ? records
-               : std::vector<t_tSigRec>{{0, 0, 0, 0, 0, 0}};
+    text << (pattern.GetParam(2914, &reference, kSizeReference) ? " |" : " | -");
+    for (const t_tSigRec& sig : records) {
+        text << ' ' << sig.measure << ':' << sig.beat << ':' << sig.tick << ' ' << sig.numerator
+             << '/' << sig.denominator;
+    }
+    for (std::int32_t event = 0; event < Number(pattern, 2901); ++event) {
+        text << " |";
+        for (std::uint32_t id = 2904; id <= 2910; ++id) {
+            text << ' ' << Number(pattern, id, event);
+        }
+    }
+    return text.str();
+}
+
+inline bool SetTimeSigs(CQelCPB_3DPattern& pattern, std::vector<t_tSigRec> records) {
+    st_paramTimeSigRecords reference{&records};
+    return pattern.SetParam(2914, &reference, kSizeReference);
 }

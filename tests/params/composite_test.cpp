@@ -36,25 +36,15 @@ TEST(Composite, FindsChildrenByPositionAndByOccurrence) {
     Plain list;
     list.Fill({10, 20, 10, 30, 10});
     EXPECT_EQ(list.GetLength(), 4U + 5 * 12);
-    list.SetID(7);
-    for (const std::uint32_t expected : {list.GetID(), list.GetLength()}) {
-        st_paramValue record;
-        EXPECT_TRUE(list.Get(expected == 7 ? 0 : 1, &record, kSizeParamValue));
-        EXPECT_EQ(record.value, expected);
-    }
-    list.SetID(0);
-    struct {
-        std::uint32_t id;
-        std::int32_t index;
-        int position;  // -1: none
-    } const cases[] = {{10, -1, 0},  {10, 0, 0},        {10, 1, 2},         {10, 2, 4},
-                       {10, 3, -1},  {10, 1, 2},        {20, 0, 1},         {40, -1, -1},
-                       {10, -2, -1}, {kAnyBlock, 3, 3}, {kAnyBlock, 5, -1}, {kAnyBlock, -1, -1}};
-    for (const auto& test : cases) {
-        SCOPED_TRACE(testing::Message() << test.id << " " << test.index);
+    const std::tuple<std::uint32_t, int, int> cases[] = {
+        // identifier, index, position or -1
+        {10, -1, 0},  {10, 0, 0},        {10, 1, 2},         {10, 2, 4},
+        {10, 3, -1},  {10, 1, 2},        {20, 0, 1},         {40, -1, -1},
+        {10, -2, -1}, {kAnyBlock, 3, 3}, {kAnyBlock, 5, -1}, {kAnyBlock, -1, -1}};
+    for (const auto& [id, index, position] : cases) {
         CZurRawBlock* expected = nullptr;
-        list.ChildAt(test.position, expected);
-        EXPECT_EQ(list.FindChild(test.id, test.index), expected);
+        list.ChildAt(position, expected);
+        EXPECT_EQ(list.FindChild(id, index), expected) << id << " " << index;
     }
     // What a search remembers must not outlive a child's new name or another order.
     EXPECT_NE(list.FindChild(10, 2), nullptr);
@@ -74,29 +64,18 @@ TEST(Composite, FindsChildrenByPositionAndByOccurrence) {
 }
 
 TEST(Composite, PutsAChildInItsPlace) {
-    struct {
-        std::uint32_t id;
-        std::int32_t index;
-        std::vector<std::uint32_t> values;  // the new child has the value 9
-        std::int32_t indexAfter;
-    } const cases[] = {
-        {kAnyBlock, -1, {0, 1, 2, 9}, -1},
-        {kAnyBlock, 3, {0, 1, 2, 9}, 3},
-        {kAnyBlock, 1, {0, 9, 2}, 1},
-        {10, 1, {0, 1, 9}, 2},
-        {10, 0, {9, 1, 2}, 0},
-        {10, 2, {0, 1, 2, 9}, 3},
-        {10, -1, {0, 1, 2, 9}, 3},
-        {40, 0, {0, 1, 2, 9}, 3},
-    };
-    for (const auto& test : cases) {
-        SCOPED_TRACE(testing::Message() << test.id << " " << test.index);
+    const std::vector<std::uint32_t> appended{0, 1, 2, 9};  // the new child has the value 9
+    const std::tuple<std::uint32_t, int, std::vector<std::uint32_t>, int> cases[] = {
+        {kAnyBlock, -1, appended, -1}, {kAnyBlock, 3, appended, 3}, {kAnyBlock, 1, {0, 9, 2}, 1},
+        {10, 1, {0, 1, 9}, 2},         {10, 0, {9, 1, 2}, 0},       {10, 2, appended, 3},
+        {10, -1, appended, 3},         {40, 0, appended, 3}};
+    for (const auto& [id, index, values, indexAfter] : cases) {
         Plain list;
         list.Fill({10, 20, 10});
-        st_paramChild record{test.id, test.index, new CZurIntParamBlock(77U, 9)};
+        st_paramChild record{id, index, new CZurIntParamBlock(77U, 9)};
         EXPECT_TRUE(list.Set(7, &record, kSizeParamChild));
-        EXPECT_EQ(list.Values(), test.values);
-        EXPECT_EQ(record.index, test.indexAfter);
+        EXPECT_EQ(list.Values(), values) << id << " " << index;
+        EXPECT_EQ(record.index, indexAfter) << id << " " << index;
         EXPECT_EQ(record.block->GetID(), 77U);
     }
     Plain list;
@@ -129,14 +108,14 @@ TEST(Composite, AnswersTheGeneralRequests) {
     EXPECT_FALSE(list.Get(8, &data, kSizeParamData));
     data = {10, 1, &number, 0};
     EXPECT_FALSE(list.Set(8, &data, kSizeParamData));
+    data = {10, 1, nullptr, 4};
+    EXPECT_FALSE(list.Set(8, &data, kSizeParamData) || list.Set(8, nullptr, kSizeParamData));
 
     t_paramIdList ids;
     EXPECT_TRUE(list.Get(3, &ids, kSizeIdList) && list.Get(4, &ids, kSizeIdList));
     EXPECT_EQ(ids.size(), 14U);
-    EXPECT_FALSE(list.Get(9, &value, kSizeParamValue));
-    EXPECT_FALSE(list.Set(5, &value, kSizeParamValue));
-    EXPECT_FALSE(list.Do(14, &value, kSizeParamValue));
-    EXPECT_FALSE(list.Get(7, &data, kSizeParamData)) << "another size";
+    EXPECT_FALSE(list.Get(9, &value, kSizeParamValue) || list.Set(5, &value, kSizeParamValue));
+    EXPECT_FALSE(list.Do(14, &value, kSizeParamValue) || list.Get(7, &data, kSizeParamData));
 
     value.value = 7;
     EXPECT_TRUE(list.Do(9, &value, kSizeParamValue)) << "nothing at that position";
@@ -144,8 +123,16 @@ TEST(Composite, AnswersTheGeneralRequests) {
     value.value = 10;
     EXPECT_TRUE(list.Do(10, &value, kSizeParamValue));
     EXPECT_THAT(ChildIds(list), ElementsAre(20));
+    EXPECT_EQ(list.GetLength(), 4U + 12);
     EXPECT_TRUE(list.Do(12, nullptr, 0) && list.Do(13, nullptr, 0) && list.Do(11, nullptr, 0));
     EXPECT_EQ(WrittenHex(list), "00 00 00 00 00 00 00 04 00 00 00 00");
+    for (const std::uint32_t request : {0U, 1U}) {
+        value.value = request + 7;
+        EXPECT_TRUE(list.Set(request, &value, kSizeParamValue));
+        EXPECT_FALSE(list.Set(request, &value, 4));
+    }
+    EXPECT_TRUE(list.Get(0, &value, kSizeParamValue) && value.value == 7 && list.GetLength() == 8);
+    EXPECT_TRUE(list.Get(1, &value, kSizeParamValue) && value.value == 8);
 }
 
 TEST(Composite, EqualityAndAssignmentGoByOrderAndIdentifier) {

@@ -10,27 +10,30 @@ using testing::ElementsAre;
 
 TEST(TimeSig, GetsAndSetsItsThreeParts) {
     CQelCPB_TimeSig block(0U, {2, 3, 30}, 6, 8);
-    EXPECT_EQ(WrittenHex(block),
-              "00 00 00 00 00 00 00 34 00 00 00 00 00 00 00 2C 00 00 00 03 "
-              "00 00 16 A8 00 00 00 0C 02 00 00 00 03 00 00 00 1E 00 00 00 "
-              "00 00 16 A9 00 00 00 02 00 06 00 00 16 AA 00 00 00 02 00 08");
+    const std::string written =
+        "00 00 00 00 00 00 00 34 00 00 00 00 00 00 00 2C 00 00 00 03 "
+        "00 00 16 A8 00 00 00 0C 02 00 00 00 03 00 00 00 1E 00 00 00 "
+        "00 00 16 A9 00 00 00 02 00 06 00 00 16 AA 00 00 00 02 00 08";
     st_paramTimeValue time;
     EXPECT_TRUE(block.GetParam(5800, &time, kSizeParamTimeValue));
     EXPECT_THAT((std::vector{time.measure, time.beat, time.tick}), ElementsAre(2, 3, 30));
     EXPECT_FALSE(SetNumber(block, 5801, 0));
     EXPECT_FALSE(SetNumber(block, 5802, 0x10000)) << "only the low half counts";
-    EXPECT_TRUE(SetNumber(block, 5801, 65535));
-    EXPECT_EQ(Number(block, 5801), 65535);
-    EXPECT_EQ(Number(block, 5802), 8);
-
     for (const auto& refused : {st_paramTimeValue{-1, 0, 1, 0}, st_paramTimeValue{-1, 1, 0, 0}}) {
         auto record = refused;
         EXPECT_FALSE(block.SetParam(5800, &record, kSizeParamTimeValue));
     }
     time = {-1, 0xFFFFFFFF, 1, 0};
     EXPECT_FALSE(block.SetParam(5800, &time, kSizeParamValue));
+    EXPECT_EQ(WrittenHex(block), written);
     EXPECT_TRUE(block.SetParam(5800, &time, kSizeParamTimeValue)) << "unsigned, tick may be 0";
-    EXPECT_EQ(WrittenHex(block).substr(28 * 3, 12 * 3 - 1), "FF FF FF FF 01 00 00 00 00 00 00 00");
+    EXPECT_TRUE(SetNumber(block, 5801, 65535));
+    EXPECT_EQ(Number(block, 5802), 8);
+    EXPECT_EQ(WrittenHex(block).substr(28 * 3, 22 * 3 - 1),
+              "FF FF FF FF 01 00 00 00 00 00 00 00 00 00 16 A9 00 00 00 02 FF FF");
+    t_paramIdList ids;
+    EXPECT_TRUE(Held(block)->Get(3, &ids, kSizeIdList) && Held(block)->Get(4, &ids, kSizeIdList));
+    EXPECT_THAT(ids, ElementsAre(5800, 5801, 5802, 5800, 5801, 5802));
 }
 
 TEST(TimeSig, AShortTimeReadsAsZerosAndIsNotSet) {
@@ -42,8 +45,8 @@ TEST(TimeSig, AShortTimeReadsAsZerosAndIsNotSet) {
     EXPECT_TRUE(block.GetParam(5800, &time, kSizeParamTimeValue));
     EXPECT_THAT((std::vector{time.measure, time.beat, time.tick}), ElementsAre(7, 2, 0));
     EXPECT_FALSE(block.SetParam(5800, &time, kSizeParamTimeValue));
-    EXPECT_EQ(Number(block, 5802), -1) << "no such child";
     EXPECT_FALSE(SetNumber(block, 5802, 4));
+    EXPECT_EQ(Number(block, 5802), -1) << "no such child";
 }
 
 CQelCPB_TimeSig* Entry(std::uint16_t numerator) {
@@ -71,7 +74,10 @@ TEST(TimeSigList, ReplacesAppendsAndRemoves) {
     EXPECT_FALSE(put(0, nullptr));
     EXPECT_THAT(Numerators(list), ElementsAre(2, 7, 5));
     EXPECT_EQ(Number(list, 5700), 3);
-    EXPECT_EQ(ChildIds(*Held(list)), (std::vector<std::uint32_t>{5700, 5700, 5700}));
+    EXPECT_THAT(ChildIds(*Held(list)), ElementsAre(5700, 5700, 5700));
+    t_paramIdList ids;
+    EXPECT_TRUE(Held(list)->Get(3, &ids, kSizeIdList) && Held(list)->Get(4, &ids, kSizeIdList));
+    EXPECT_THAT(ids, ElementsAre(5700, 5701, 5702, 5703, 5704, 5700));
     st_paramTimeSigEntry first{-1};
     EXPECT_TRUE(list.GetParam(5701, &first, kSizeParamTimeSigEntry));
     EXPECT_EQ(Number(*first.block, 5801), 2);
