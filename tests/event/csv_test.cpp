@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/hooks.h"
 #include "tests/event/event_builders.h"
+#include "tests/support/data.h"
 
 namespace {
 
@@ -30,68 +31,53 @@ void Answer(const std::string& answer) {
     };
 }
 
-std::vector<std::string> Cases() {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(ORBIX_TEST_DATA "/csv")) {
-        names.push_back(entry.path().filename().string());
-    }
-    return names;
-}
-
-class CsvCase : public testing::TestWithParam<std::string> {};
-
 }  // namespace
 
-// in.csv is loaded into a store that holds something else, with `answer` for the question. Either
-// `code` says how the file is refused, or out.csv is the table and report.txt the remarks, if any.
-TEST_P(CsvCase, Loads) {
-    const fs::path folder = fs::path(ORBIX_TEST_DATA "/csv") / GetParam();
-    HooksScope scope;
-    Answer(Read(folder / "answer"));
-    C3DEventData store;
-    Add(store, TimeSig(0, 7, 8));
-    Add(store, Position(1, 77));
-    const auto before = StateOf(store);
-    C3DReport report;
-    const int code = store.LoadCsv((folder / "in.csv").string(), report);
-    if (fs::exists(folder / "code")) {
-        EXPECT_EQ(std::to_string(code) + "\n", Read(folder / "code"));
-        EXPECT_EQ(StateOf(store), before);
-        return;
+// In each folder in.csv is loaded into a store that holds something else, with `answer` for the
+// question. Either `code` says how the file is refused, or out.csv is the table and report.txt the
+// remarks, if any.
+TEST(CsvLoad, GivesWhatTheFoldersSay) {
+    for (const auto& entry : fs::directory_iterator(ORBIX_TEST_DATA "/csv")) {
+        const fs::path& folder = entry.path();
+        SCOPED_TRACE(folder);
+        HooksScope scope;
+        Answer(Read(folder / "answer"));
+        C3DEventData store;
+        Add(store, TimeSig(0, 7, 8));
+        Add(store, Position(1, 77));
+        const auto before = StateOf(store);
+        C3DReport report;
+        const int code = store.LoadCsv((folder / "in.csv").string(), report);
+        if (fs::exists(folder / "code")) {
+            EXPECT_EQ(std::to_string(code) + "\n", Read(folder / "code"));
+            EXPECT_EQ(StateOf(store), before);
+            continue;
+        }
+        EXPECT_EQ(code, 0);
+        std::string lines;
+        for (const CString& line : report.Lines()) {
+            lines += line + "\n";
+        }
+        EXPECT_EQ(lines, Read(folder / "report.txt"));
+        EXPECT_EQ(store.CsvText(), Read(folder / "out.csv"));
+        EXPECT_FALSE(store.CanUndo() || store.CanRedo());
+        _tagEvent3D next = Position(0, 0);
+        const int count = store.CountEvents(-1);
+        EXPECT_EQ(store.AddEvent(&next, 1), 0);
+        EXPECT_EQ(next.uid, 2 + count) << "uids go on where they were";
     }
-    EXPECT_EQ(code, 0);
-    std::string lines;
-    for (const CString& line : report.Lines()) {
-        lines += line + "\n";
-    }
-    EXPECT_EQ(lines, Read(folder / "report.txt"));
-    EXPECT_EQ(store.CsvText(), Read(folder / "out.csv"));
-    EXPECT_FALSE(store.CanUndo() || store.CanRedo());
-    _tagEvent3D next = Position(0, 0);
-    const int count = store.CountEvents(-1);
-    EXPECT_EQ(store.AddEvent(&next, 1), 0);
-    EXPECT_EQ(next.uid, 2 + count) << "uids go on where they were";
 }
 
-INSTANTIATE_TEST_SUITE_P(Csv, CsvCase, testing::ValuesIn(Cases()),
-                         [](const auto& info) { return info.param; });
-
 TEST(CsvLine, TakesAndRefuses) {
-    _tagEvent3D event;
-    t_MBT mbt;
-    // A number stops at what it can't hold; empty fields are free; ten characters may be a number.
-    for (const char* line :
-         {"0,1,1,0,0,0,0", "0,1,1,0,1000,-90,30-1\r\n", "0,1,1,0,0,0,0,,,,\r\n",
-          "0,1,1,0,1234567890,-123456789,0\n", ",1,1,0,,,,3_4\r\n", ",1,1,0,,,,3_4,,\r\n"}) {
-        EXPECT_EQ(ParseCsvLine(line, event, mbt), 0) << line;
-    }
-    // The minus counts; 4294967295 is -1; a position line is not tried as a time signature.
-    for (const char* line :
-         {"", "0,1,1,0,0,-1234567890,0\n", "0,1,1,0,0,0,0,12345678901\n", "0,1,1,0,0,0,0,0\n",
-          "0,1,1,0,0,0,0_\n", "0,1,1,0,-1,0,0\n", "0,1,1,0,4294967295,0,0\n", "0,1,1,0,0,0\n",
-          "0, 1,1,0,0,0,0\n", ",1,1,0,,,,3_4_\r\n", ",1,1,0,,,,0_4\r\n", ",1,1,-1,,,,3_4\r\n",
-          ",1,1,0,,,3_4\r\n"}) {
-        EXPECT_EQ(ParseCsvLine(line, event, mbt), kErrorFormat) << line;
+    const auto rows = TestTable("csv_lines.txt");
+    EXPECT_EQ(rows.size(), 19U);
+    for (const auto& row : rows) {
+        for (const char* const end : {"", "\n", "\r\n"}) {
+            _tagEvent3D event;
+            t_MBT mbt;
+            EXPECT_EQ(ParseCsvLine(row[0] + end, event, mbt), row[1] == "1" ? 0 : kErrorFormat)
+                << row[0];
+        }
     }
 }
 

@@ -173,13 +173,13 @@ TEST(Report, ShowsFiveLinesAndTheIcons) {
     ShowReport(report);
     ShowError(12345);
     for (int i = 0; i < 6; ++i) {
-        report.Add(kTimeIgnored, {i});
+        report.AddLine(std::to_string(i));
+        if (i >= 4) {
+            ShowReport(report);
+        }
     }
-    ShowReport(report);
     ShowMessage(FormatReport(kTimeSigMoved, {1, 2, 3, 4, 5, 6, 7}));
     EXPECT_EQ(shown,
-              "Index=0 Time out of range\r\nIndex=1 Time out of range\r\n"
-              "Index=2 Time out of range\r\nIndex=3 Time out of range\r\n"
-              "Index=4 Time out of range\r\nand more...|48|"
+              "0\r\n1\r\n2\r\n3\r\n4\r\n|48|0\r\n1\r\n2\r\n3\r\n4\r\nand more...|48|"
               "Index=1 : TimeSig. MBT Changed (2:3:4)->(5:6:7)|16|");
 }

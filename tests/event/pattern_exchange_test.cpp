@@ -2,42 +2,22 @@
 
 #include "event/pattern_file.h"
 #include "params/pattern_form.h"
-#include "params/position_block.h"
 #include "platform/files.h"
 #include "platform/hooks.h"
 #include "tests/event/event_builders.h"
+#include "tests/params/block_support.h"
 
 using testing::ElementsAre;
 
 namespace {
 
-std::vector<t_tSigRec> TimeSigs(const CQelCPB_3DPattern& pattern) {
-    std::vector<t_tSigRec> records;
-    st_paramTimeSigRecords reference{&records};
-    EXPECT_TRUE(pattern.GetParam(2914, &reference, kSizeReference));
-    return records;
-}
-
-void SetTimeSigs(CQelCPB_3DPattern& pattern, std::vector<t_tSigRec> records) {
-    st_paramTimeSigRecords reference{&records};
-    EXPECT_TRUE(pattern.SetParam(2914, &reference, kSizeReference));
-}
-
-std::uint32_t Value(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector = -1) {
-    st_paramValue record{selector, 0};
-    EXPECT_TRUE(pattern.GetParam(id, &record, kSizeParamValue));
-    return record.value;
-}
-
 // A position event with the seven values as they are stored.
 void AddRaw(CQelCPB_3DPattern& pattern, std::array<std::uint32_t, 7> values) {
-    auto block = std::make_unique<CQelCPB_3DPosition>();
-    for (std::uint32_t i = 0; i < 7; ++i) {
-        st_paramValue record{-1, values[i]};
-        EXPECT_TRUE(block->SetParam(2800 + i, &record, kSizeParamValue));
+    const auto index = static_cast<std::int32_t>(Number(pattern, 2901));
+    EXPECT_TRUE(PutPosition(pattern, values[0]));
+    for (std::uint32_t i = 1; i < 7; ++i) {
+        EXPECT_TRUE(SetNumber(pattern, 2904 + i, values[i], index));
     }
-    st_paramChild child{0, 9999, block.release()};
-    EXPECT_TRUE(pattern.SetParam(2900, &child, kSizeParamChild));
 }
 
 class PatternExchange : public testing::Test {
@@ -97,12 +77,10 @@ TEST_F(PatternExchange, StoresAndLoadsTheSameTable) {
     }
     AddRaw(pattern_, {9, 0, 0, 0, 64, 64, 0});
     store.StoreToPattern(&pattern_, "A name of twenty...");
-    st_paramName name;
-    EXPECT_TRUE(pattern_.GetParam(2902, &name, kSizeParamName));
-    EXPECT_STREQ(name.name, "A name of twenty");
-    EXPECT_EQ(Value(pattern_, 2901), 3U);
-    EXPECT_THAT(TimeSigs(pattern_),
-                ElementsAre(t_tSigRec{0, 1, 1, 0, 4, 4}, t_tSigRec{0, 3, 1, 0, 6, 8}));
+    EXPECT_EQ(TextOf(pattern_),
+              "2900 2901 2902 2907 2906 2903 2903 2903 | A name of twenty | 0 480 | "
+              "1:1:0 4/4 3:1:0 6/8 | 999 2 0 0 33 79 0 | 5000 0 0 0 91 49 50 | "
+              "5000 3 0 0 120 34 12750");
     C3DEventData again;
     EXPECT_EQ(again.LoadFromPattern(&pattern_, report_), 0);
     EXPECT_EQ(again.CsvText(), store.CsvText());
@@ -110,11 +88,9 @@ TEST_F(PatternExchange, StoresAndLoadsTheSameTable) {
 }
 
 TEST_F(PatternExchange, RangeModeHandsTimeSignaturesBackAsTheyCame) {
-    const std::vector<t_tSigRec> tool = {
-        {0, 1, 1, 0, 4, 4}, {0, 3, 1, 0, 3, 5}, {0, 5, 2, 0, 2, 4}, {0, 50, 1, 0, 3, 4}};
-    SetTimeSigs(pattern_, tool);
-    st_paramValue division{-1, 96};
-    pattern_.SetParam(2913, &division, kSizeParamValue);
+    SetTimeSigs(pattern_,
+                {{0, 1, 1, 0, 4, 4}, {0, 3, 1, 0, 3, 5}, {0, 5, 2, 0, 2, 4}, {0, 50, 1, 0, 3, 4}});
+    SetNumber(pattern_, 2913, 96);
     AddRaw(pattern_, {100, 1, 0, 0, 64, 64, 1000});
     C3DEventData store(kRangeMode, 100, 400);
     EXPECT_EQ(store.LoadFromPattern(&pattern_, report_), 0) << "remarks on time signatures only";
@@ -123,9 +99,10 @@ TEST_F(PatternExchange, RangeModeHandsTimeSignaturesBackAsTheyCame) {
     EXPECT_EQ(Map(store).size(), 3U);
     Add(store, Position(2, 400));
     store.StoreToPattern(&pattern_, "x");
-    EXPECT_EQ(TimeSigs(pattern_), tool);
-    EXPECT_EQ(Value(pattern_, 2913), 96U);
-    EXPECT_EQ(Value(pattern_, 2904, 1), 400U);
+    EXPECT_EQ(TextOf(pattern_),
+              "2900 2901 2902 2907 2906 2903 2903 | x | 0 96 | "
+              "1:1:0 4/4 3:1:0 3/5 5:2:0 2/4 50:1:0 3/4 | 100 1 0 0 64 64 1000 | "
+              "400 2 0 0 64 64 1000");
     AddRaw(pattern_, {401, 1, 0, 0, 64, 64, 1000});
     EXPECT_EQ(store.LoadFromPattern(&pattern_, report_), 1);
     EXPECT_EQ(report_.Lines().back(), "Index=6 Time out of range");
