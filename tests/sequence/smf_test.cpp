@@ -108,7 +108,8 @@ TEST(StandardMidiFiles, CutAtEachLengthAndDamaged) {
     std::mt19937 random(20);
     for (const Sample& sample : Samples()) {
         // Inside a long payload one place is as another.
-        for (std::size_t size = 0; size<sample.bytes.size(); size += size> 600 ? 37 : 1) {
+        const std::size_t whole = sample.bytes.size();
+        for (std::size_t size = 0; size < whole; size += (size > 600 ? 37 : 1)) {
             SCOPED_TRACE(sample.name + " at " + std::to_string(size));
             CheckAgainstOracle(sample.bytes.substr(0, size));
             std::string damaged = sample.bytes;
