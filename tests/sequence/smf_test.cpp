@@ -19,13 +19,16 @@ std::size_t s_peak = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     void* const block = std::malloc(size);
-    if (!block)
-        throw std::bad_alloc();
     s_heap += malloc_usable_size(block);
     s_peak = std::max(s_peak, s_heap);
     return block;
+}
+
+void* operator new(std::size_t size) {
+    void* const block = operator new(size, std::nothrow);
+    return block ? block : throw std::bad_alloc();
 }
 
 void operator delete(void* block) noexcept {
@@ -108,8 +111,7 @@ TEST(StandardMidiFiles, CutAtEachLengthAndDamaged) {
     std::mt19937 random(20);
     for (const Sample& sample : Samples()) {
         // Inside a long payload one place is as another.
-        const std::size_t whole = sample.bytes.size();
-        for (std::size_t size = 0; size < whole; size += (size > 600 ? 37 : 1)) {
+        for (std::size_t size = 0; size<sample.bytes.size(); size += size> 600 ? 37 : 1) {
             SCOPED_TRACE(sample.name + " at " + std::to_string(size));
             CheckAgainstOracle(sample.bytes.substr(0, size));
             std::string damaged = sample.bytes;

@@ -9,7 +9,11 @@
 /// A new folder, gone with the object.
 class TemporaryFolder {
 public:
-    TemporaryFolder() { EXPECT_NE(::mkdtemp(path_.data()), nullptr); }
+    TemporaryFolder() {
+        EXPECT_NE(::mkdtemp(path_.data()), nullptr);
+        // For a test that lays down the rights of its user.
+        std::filesystem::permissions(path_, std::filesystem::perms{0755});
+    }
     ~TemporaryFolder() {
         std::filesystem::current_path("/");  // It may be this very folder.
         std::filesystem::remove_all(path_);
