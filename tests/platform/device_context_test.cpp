@@ -16,90 +16,69 @@ constexpr COLORREF kBlue = RGB(0, 0, 255);
 
 /// A picture of our own with a context on it; reads back as text: '#' red, 'o' blue, '.' white,
 /// '?' anything else.
-class Canvas {
-public:
+struct Canvas {
     Canvas(int width, int height, qreal ratio = 1.0)
-        : picture_(std::make_shared<toolkit::ImageStorage>(
+        : picture(std::make_shared<toolkit::ImageStorage>(
               QImage(qRound(width * ratio), qRound(height * ratio), QImage::Format_RGB32), ratio)),
-          dc(picture_, QRect(0, 0, width, height)) {
+          dc(picture, QRect(0, 0, width, height)) {
         dc.FillRect({0, 0, width, height}, {kWhite});
         dc.SelectObject(CPen{PS_SOLID, 1, kRed});
         dc.SelectObject(CBrush{kBlue});
     }
 
+    void Line(int fromX, int fromY, int toX, int toY) {
+        dc.MoveTo(fromX, fromY);
+        dc.LineTo(toX, toY);
+    }
+
     Rows Read() const {
+        const std::map<QRgb, char> letters{
+            {0xFFFF0000U, '#'}, {0xFF0000FFU, 'o'}, {0xFFFFFFFFU, '.'}};
         Rows rows;
-        for (int y = 0; y < picture_->image.height(); ++y) {
+        for (int y = 0; y < picture->image.height(); ++y) {
             rows.emplace_back();
-            for (int x = 0; x < picture_->image.width(); ++x) {
-                rows.back() += Letter(picture_->image.pixel(x, y));
+            for (int x = 0; x < picture->image.width(); ++x) {
+                const auto letter = letters.find(picture->image.pixel(x, y));
+                rows.back() += letter == letters.end() ? '?' : letter->second;
             }
         }
         return rows;
     }
 
-private:
-    static char Letter(QRgb pixel) {
-        switch (pixel) {
-            case 0xFFFF0000U:
-                return '#';
-            case 0xFF0000FFU:
-                return 'o';
-            case 0xFFFFFFFFU:
-                return '.';
-            default:
-                return '?';
-        }
-    }
-
-    std::shared_ptr<toolkit::ImageStorage> picture_;
-
-public:
+    std::shared_ptr<toolkit::ImageStorage> picture;
     toolkit::QtDC dc;
 };
 
 TEST(DeviceContext, EllipseFillsItsBoxButForTheRightAndLowerEdge) {
-    Canvas dot(9, 9);
-    dot.dc.Ellipse(1, 1, 8, 8);
-    EXPECT_EQ(dot.Read(), (Rows{".........",  //
-                                "...###...",  //
-                                "..#ooo#..",  //
-                                ".#ooooo#.",  //
-                                ".#ooooo#.",  //
-                                ".#ooooo#.",  //
-                                "..#ooo#..",  //
-                                "...###...",  //
-                                "........."}));
-    Canvas flat(6, 4);
-    flat.dc.Ellipse(0, 0, 6, 4);
-    EXPECT_EQ(flat.Read(), (Rows{".####.", "#oooo#", "#oooo#", ".####."}));
-    Canvas none(2, 2);
-    none.dc.Ellipse(1, 1, 1, 2);
-    EXPECT_EQ(none.Read(), (Rows{"..", ".."}));
+    Canvas canvas(17, 8);
+    canvas.dc.Ellipse(1, 1, 8, 8);
+    canvas.dc.Ellipse(10, 0, 16, 4);
+    canvas.dc.Ellipse(10, 6, 10, 7);                     // No width.
+    EXPECT_EQ(canvas.Read(), (Rows{"...........####..",  //
+                                   "...###....#oooo#.",  //
+                                   "..#ooo#...#oooo#.",  //
+                                   ".#ooooo#...####..",  //
+                                   ".#ooooo#.........",  //
+                                   ".#ooooo#.........",  //
+                                   "..#ooo#..........",  //
+                                   "...###..........."}));
 }
 
-TEST(DeviceContext, EllipseScalesWithAPenAsThickAsTheRatio) {
-    Canvas dot(4, 4, 2.0);
-    dot.dc.Ellipse(0, 0, 4, 4);
-    EXPECT_EQ(dot.Read(), (Rows{"..####..",  //
-                                ".######.",  //
-                                "###oo###",  //
-                                "##oooo##",  //
-                                "##oooo##",  //
-                                "###oo###",  //
-                                ".######.",  //
-                                "..####.."}));
+TEST(DeviceContext, APenIsAsThickAsTheRatio) {
+    Canvas dot(3, 3, 2.0);
+    dot.dc.Ellipse(0, 0, 3, 3);
+    EXPECT_EQ(dot.Read(), (Rows{".####.", "######", "##oo##", "##oo##", "######", ".####."}));
+    Canvas line(4, 2, 1.5);
+    line.Line(0, 0, 2, 0);
+    EXPECT_EQ(line.Read(), (Rows{"###...", "###...", "......"}));
 }
 
 TEST(DeviceContext, LineLeavesOutItsLastPixelAndMovesThePlace) {
     Canvas canvas(6, 6);
-    canvas.dc.MoveTo(0, 0);
-    canvas.dc.LineTo(4, 0);
+    canvas.Line(0, 0, 4, 0);
     canvas.dc.LineTo(4, 3);
-    canvas.dc.MoveTo(3, 5);
-    canvas.dc.LineTo(0, 5);
-    canvas.dc.MoveTo(0, 1);
-    canvas.dc.LineTo(3, 4);
+    canvas.Line(3, 5, 0, 5);
+    canvas.Line(0, 1, 3, 4);
     canvas.dc.LineTo(3, 4);
     EXPECT_EQ(canvas.Read(), (Rows{"#####.",  //
                                    "#...#.",  //
@@ -107,45 +86,28 @@ TEST(DeviceContext, LineLeavesOutItsLastPixelAndMovesThePlace) {
                                    "..#...",  //
                                    "......",  //
                                    ".###.."}));
-}
-
-TEST(DeviceContext, LinesAreClippedToThePicture) {
-    Canvas canvas(4, 3);
-    canvas.dc.MoveTo(-3, -1);
-    canvas.dc.LineTo(9, 3);
-    canvas.dc.MoveTo(2, -9);
-    canvas.dc.LineTo(2, 9);
-    EXPECT_EQ(canvas.Read(), (Rows{"###.", "..##", "..#."}));
-}
-
-TEST(DeviceContext, ThickLineCoversTheSameLogicalPixels) {
-    Canvas canvas(4, 2, 1.5);
-    canvas.dc.MoveTo(0, 0);
-    canvas.dc.LineTo(2, 0);
-    EXPECT_EQ(canvas.Read(), (Rows{"###...", "###...", "......"}));
+    Canvas clipped(4, 3);
+    clipped.Line(-3, -1, 9, 3);
+    clipped.Line(2, -9, 2, 9);
+    EXPECT_EQ(clipped.Read(), (Rows{"###.", "..##", "..#."}));
 }
 
 TEST(DeviceContext, DottedPenHasDashesOfThreeAndGapsOfThree) {
-    Canvas canvas(14, 2);
+    Canvas canvas(15, 17);
     canvas.dc.SelectObject(CPen{PS_DOT, 1, kRed});
+    canvas.dc.SelectObject(CBrush{kWhite});
     canvas.dc.SetBkColor(kBlue);
-    canvas.dc.MoveTo(0, 0);
-    canvas.dc.LineTo(14, 0);
+    canvas.dc.Ellipse(0, 0, 15, 15);
+    canvas.Line(0, 15, 15, 15);
     canvas.dc.SetBkMode(TRANSPARENT);
-    canvas.dc.MoveTo(0, 1);
-    canvas.dc.LineTo(8, 1);
-    EXPECT_EQ(canvas.Read(), (Rows{"###ooo###ooo##", "###...##......"}));
-
-    Canvas ring(15, 15);
-    ring.dc.SelectObject(CPen{PS_DOT, 1, kRed});
-    ring.dc.SelectObject(CBrush{kWhite});
-    ring.dc.SetBkColor(kBlue);
-    ring.dc.Ellipse(0, 0, 15, 15);
-    const Rows rows = ring.Read();
-    // The same shape in each quarter.
+    canvas.Line(0, 16, 8, 16);
+    const Rows rows = canvas.Read();
+    EXPECT_EQ(rows[15], "###ooo###ooo###");
+    EXPECT_EQ(rows[16], "###...##.......");
+    // A ring has the same shape in each quarter.
     EXPECT_EQ(rows[7], "#.............#");
     EXPECT_EQ(rows[0], rows[14]);
-    for (const std::string& row : rows) {
+    for (const std::string& row : Rows(rows.begin(), rows.begin() + 15)) {
         EXPECT_EQ(row, std::string(row.rbegin(), row.rend()));
     }
 }
@@ -162,30 +124,28 @@ TEST(DeviceContext, BlockTransferCopiesAndMasks) {
     EXPECT_EQ(canvas.Read(), (Rows{".#o.", ".oo."}));
     canvas.dc.FillRect({0, 0, 4, 2}, {RGB(255, 0, 255)});
     canvas.dc.BitBlt(0, 0, 2, 1, *memory, 0, 0, SRCAND);
-    EXPECT_EQ(canvas.Read(), (Rows{"#o??", "????"}));
     canvas.dc.BitBlt(2, 1, 9, 9, *memory, 1, 1, SRCCOPY);
     EXPECT_EQ(canvas.Read(), (Rows{"#o??", "??o?"}));
 }
 
-TEST(DeviceContext, PictureResourceIsDrawnAtTheRatioOfItsContext) {
+using Picture = probe::Test;
+
+TEST_F(Picture, IsDrawnAtTheRatioOfItsContext) {
     ASSERT_TRUE(native::EnsureToolkit());
-    const probe::Resources resources;
     CBitmap picture;
     ASSERT_TRUE(picture.LoadBitmap(1));
     for (const qreal ratio : {1.0, 1.5, 2.0}) {
-        Canvas canvas(18, 18, ratio);
+        Canvas canvas(18, 18, ratio), filled(18, 18, ratio);
         const auto memory = canvas.dc.CreateCompatibleDC();
         memory->SelectBitmap(&picture);
         EXPECT_EQ(picture.Size(), (SIZE{16, 16}));
         canvas.dc.BitBlt(0, 0, 16, 16, *memory, 0, 0, SRCCOPY);
-        const Rows rows = canvas.Read();
-        const auto full = static_cast<std::size_t>(16 * ratio);
-        EXPECT_EQ(rows[full - 1], std::string(full, '#') + std::string(rows[0].size() - full, '.'));
-        EXPECT_EQ(rows[full], std::string(rows[0].size(), '.'));
+        filled.dc.FillRect({0, 0, 16, 16}, {kRed});
+        EXPECT_EQ(canvas.Read(), filled.Read());
     }
 }
 
-TEST(DeviceContext, TextStandsInItsCellAndOpaqueTextCoversIt) {
+TEST(DeviceContext, OpaqueTextCoversItsCell) {
     ASSERT_TRUE(native::EnsureToolkit());
     Canvas canvas(40, 20);
     canvas.dc.SetBkColor(kBlue);
@@ -193,13 +153,9 @@ TEST(DeviceContext, TextStandsInItsCellAndOpaqueTextCoversIt) {
     const SIZE extent = canvas.dc.GetTextExtent("12.75");
     ASSERT_GT(extent.cx, 20);
     canvas.dc.TextOut(2, 3, "12.75");
-    const Rows rows = canvas.Read();
-    const std::string covered = ".." + std::string(static_cast<std::size_t>(extent.cx), 'o') +
-                                std::string(static_cast<std::size_t>(38 - extent.cx), '.');
-    EXPECT_EQ(rows[2], std::string(40, '.'));
-    EXPECT_EQ(rows[3], covered);
-    EXPECT_EQ(rows[static_cast<std::size_t>(2 + extent.cy)], covered);
-    EXPECT_EQ(rows[static_cast<std::size_t>(3 + extent.cy)], std::string(40, '.'));
+    Canvas cell(40, 20);
+    cell.dc.FillRect({2, 3, 2 + extent.cx, 3 + extent.cy}, {kBlue});
+    EXPECT_EQ(canvas.Read(), cell.Read());
     EXPECT_EQ(canvas.dc.GetTextExtent("").cx, 0);
 }
 
