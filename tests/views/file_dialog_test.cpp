@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -8,8 +6,9 @@
 #include <QTimer>
 
 #include "platform/files.h"
-#include "tests/event/event_builders.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/ui_driver.h"
+#include "tests/views/table.h"
 #include "views/file_dialog_ex.h"
 
 namespace {
@@ -19,43 +18,29 @@ constexpr char kTwoTypes[] = "CSV|*.csv|Text|*.txt;*.log *.?x||";
 constexpr DWORD kSave = 0x200006, kOpen = 0x201004;
 
 TEST(FileDialogEx, GivesANameTheExtensionOfItsType) {
-    struct Row {
-        const char *name, *accepted, *retyped;
-        DWORD type = 1;
-    };
-    for (const Row& row : {Row{"take", "take.csv", "take.csv"},
-                           {"take.txt", "take.txt.csv", "take.csv"},
-                           {"take.c", "take.c", "take.c"},
-                           {"take.CS", "take.CS", "take.CS"},
-                           {"take.", "take.", "take."},
-                           {"", "", ""},
-                           {"take.LOG", "take.LOG", "take.LOG", 2},
-                           {"take.ax", "take.ax.txt", "take.txt", 2},
-                           {"take.ax", "take.ax", "take.ax", 3}}) {
+    ExpectTable("extensions.txt", [](std::istream& row) {
         CFileDialogEx dialog(TRUE, "csv", nullptr, kOpen, kTwoTypes, nullptr);
-        dialog.m_ofn.nFilterIndex = row.type;
+        std::string name, changed;
+        row >> name >> dialog.m_ofn.nFilterIndex;
         for (const BOOL replace : {FALSE, TRUE}) {
-            const CString expected = replace != FALSE ? row.retyped : row.accepted;
-            CString name = row.name;
-            EXPECT_EQ(dialog.ApplyExtension(name, replace), expected != row.name) << row.name;
-            EXPECT_EQ(name, expected);
+            CString given = name;
+            const BOOL answer = dialog.ApplyExtension(given, replace);
+            EXPECT_EQ(answer, given != name);
+            changed += given + " ";
         }
-    }
+        return changed;
+    });
     const std::string longName = std::string(255, 'n') + "\xC3\xA9\xE2\x82\xAC";
-    EXPECT_EQ(CFileDialogEx(TRUE, "csv", longName.c_str(), 0, kCsv, nullptr).GetFileName(),
-              longName.substr(0, 257));
-}
-
-TEST(FileDialogEx, WithoutAWindowItLooksAndChangesNothing) {
-    CFileDialogEx dialog(TRUE, "csv", nullptr, kOpen, kCsv, nullptr);
+    CFileDialogEx dialog(TRUE, "csv", longName.c_str(), kOpen, kCsv, nullptr);
+    EXPECT_EQ(dialog.GetFileName(), longName.substr(0, 257));
+    CString none;
+    EXPECT_EQ(dialog.ApplyExtension(none, TRUE), FALSE);
+    // Without a window it looks and changes nothing.
+    dialog.m_ofn.lpstrFile = "";
     EXPECT_EQ(dialog.OnFileNameOK(), TRUE);
     dialog.m_ofn.lpstrFile = "take";
     EXPECT_EQ(dialog.OnFileNameOK(), FALSE);
     EXPECT_EQ(dialog.GetFileName(), "take");
-    EXPECT_EQ(dialog.SetPathTooLongMessage(nullptr), FALSE);
-    EXPECT_EQ(dialog.SetPathTooLongMessage(""), FALSE);
-    EXPECT_EQ(dialog.SetPathTooLongMessage(std::string(65535, 'x').c_str()), TRUE);
-    EXPECT_EQ(dialog.SetPathTooLongMessage(std::string(65536, 'x').c_str()), FALSE);
 }
 
 // What the user enters in a folder with take.csv, sub/ and folder.csv/, the box that comes, and
@@ -77,7 +62,6 @@ TEST(FileDialogEx, TakesWhatTheUserEnters) {
           {kSave, "take", "", replace, IDNO},
           {kSave, "take.CSV", "take.CSV"},
           {kSave, "\xC3\xA9 \xE2\x82\xAC.txt", "\xC3\xA9 \xE2\x82\xAC.txt.csv"},
-          {kSave, "take.", "take."},
           {kSave, "sub/new", "sub/new.csv"},
           {kSave, "none/new", "", "There is no folder \"" + folder / "none" + "\"."},
           {kSave, "", ""},
@@ -105,40 +89,38 @@ TEST(FileDialogEx, TakesWhatTheUserEnters) {
 
 TEST(FileDialogEx, RefusesAPathOf261BytesWithABoxOfItsTitle) {
     const TemporaryFolder folder;
-    CFileDialogEx dialog(FALSE, "csv", nullptr, kSave, kCsv, nullptr);
-    dialog.m_ofn.lpstrInitialDir = folder / "";
-    dialog.SetPathTooLongMessage("too long");
-    const std::string name(260 - (folder / ".csv").size(), 'n');
-    WithFileDialog([&] { EXPECT_EQ(dialog.DoModal(), IDOK); },
-                   [&](QFileDialog& shown) {
-                       std::string box;
-                       QTimer::singleShot(0, [&box] {
-                           auto& shownBox =
-                               dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
-                           box = (shownBox.windowTitle() + ": " + shownBox.text()).toStdString();
-                           shownBox.close();
-                       });
-                       EXPECT_FALSE(EnterName(shown, name + "n"));
-                       EXPECT_EQ(box, "Save As: too long");
-                       EXPECT_TRUE(EnterName(shown, name));
-                   });
-    EXPECT_EQ(dialog.GetPathName().size(), 260U);
-}
-
-TEST(FileDialogEx, AnotherTypeChangesTheName) {
     CFileDialogEx dialog(FALSE, "csv", nullptr, kSave, kTwoTypes, nullptr);
-    const auto script = [](QFileDialog& shown) {
+    dialog.m_ofn.lpstrInitialDir = folder / "";
+    EXPECT_EQ(dialog.SetPathTooLongMessage(std::string(65535, 'x').c_str()), TRUE);
+    EXPECT_EQ(dialog.SetPathTooLongMessage("too long"), TRUE);
+    EXPECT_EQ(dialog.SetPathTooLongMessage(nullptr), FALSE);
+    EXPECT_EQ(dialog.SetPathTooLongMessage(""), FALSE);
+    EXPECT_EQ(dialog.SetPathTooLongMessage(std::string(65536, 'x').c_str()), FALSE);
+    const std::string name(260 - (folder / ".csv").size(), 'n');
+    const auto script = [&](QFileDialog& shown) {
+        // Another type changes the name.
         auto& field = *shown.findChild<QLineEdit*>("fileNameEdit");
         field.setText("take.log");
-        for (const auto& [key, name] : {std::pair{Qt::Key_Down, "take.log"},
-                                        {Qt::Key_Up, "take.csv"},
-                                        {Qt::Key_Down, "take.txt"}}) {
+        for (const auto& [key, typed] : {std::pair(Qt::Key_Down, "take.log"),
+                                         {Qt::Key_Up, "take.csv"},
+                                         {Qt::Key_Down, "take.txt"},
+                                         {Qt::Key_Up, "take.csv"}}) {
             shown.findChild<QComboBox*>("fileTypeCombo")->setFocus();
             QTest::keyClick(shown.windowHandle(), key);
-            EXPECT_EQ(field.text(), name);
+            EXPECT_EQ(field.text(), typed);
         }
+        std::string box;
+        QTimer::singleShot(0, [&box] {
+            auto& shownBox = dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
+            box = (shownBox.windowTitle() + ": " + shownBox.text()).toStdString();
+            shownBox.close();
+        });
+        EXPECT_FALSE(EnterName(shown, name + "n"));
+        EXPECT_EQ(box, "Save As: too long");
+        EXPECT_TRUE(EnterName(shown, name));
     };
-    EXPECT_TRUE(WithFileDialog([&] { dialog.DoModal(); }, script));
+    WithFileDialog([&] { EXPECT_EQ(dialog.DoModal(), IDOK); }, script);
+    EXPECT_EQ(dialog.GetPathName().size(), 260U);
 }
 
 }  // namespace

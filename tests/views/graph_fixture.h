@@ -24,8 +24,7 @@ protected:
 
     GraphTest() {
         SetView(0, 0, 0);
-        graph.SetIndexView(nullptr, nullptr, 1);
-        graph.SetIndexLine(nullptr, nullptr, 1);
+        C3DGraph::s_nIndexView = C3DGraph::s_nIndexLine = 1;
         C3DPosConverter limits;
         limits.SetCartesianRange(-12750.0, 12750.0);
         limits.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
@@ -47,6 +46,15 @@ protected:
     void SetZoomRow(std::size_t row) {
         const ZoomRow& zoom = ZOOM_TABLE.at(row);
         graph.SetZoom(nullptr, nullptr, zoom.zoom, static_cast<int>(zoom.ringCount), zoom.rings);
+    }
+
+    /// Numbers as text, a blank behind each: "1 2 3 ".
+    static std::string Words(std::initializer_list<int> numbers) {
+        std::string words;
+        for (const int number : numbers) {
+            words += std::to_string(number) + " ";
+        }
+        return words;
     }
 
     PointLists AllPoints() const {

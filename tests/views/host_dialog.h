@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/data_exchange.h"
 #include "res/resources.h"
@@ -15,12 +14,14 @@
 #include "views/page_tab_ctrl.h"
 #include "views/time_sig_edit.h"
 
-/// A dialog with the input controls and both pages, which takes positions as the editor does.
+/// The editor's window with the input controls and both pages alive, which takes positions as the
+/// editor does.
 class HostDialog : public CDialog {
 public:
-    static constexpr int kMeasure = 4018, kMeasureSpin = 4017, kTab = 4059, kOther = 90;
+    static constexpr int kMeasure = 4018, kMeasureSpin = 4017, kTab = 4059;
+    static constexpr int kOther = 1033;  ///< Takes the focus away.
 
-    HostDialog() : CDialog(100) {}
+    HostDialog() : CDialog(kMainDialogTemplate.id) {}
 
     const MessageMap* GetMessageMap() const override {
         static constexpr MessageEntry entries[] = {OnMessage<&HostDialog::OnSet3DPos>(WM_SET3DPOS)};
@@ -41,7 +42,6 @@ public:
         measure.SetRange(1, 99999);
         measure.SetFallback(7);
         measureSpin.SetRange32(1, 99999);
-        measureSpin.SetPos(3);
         tab.AddPage(&spherical, CPage3DPosSpherical::kTemplateId, "Spherical");
         tab.AddPage(&cartesian, CPage3DPosCartesianal::kTemplateId, nullptr);
         C3DPosConverter converter;
@@ -58,7 +58,7 @@ public:
         spherical.SendMessage(WM_SET3DPOS, reinterpret_cast<WPARAM>(&position));
         cartesian.SendMessage(WM_SET3DPOS, reinterpret_cast<WPARAM>(&position));
     }
-    std::vector<tag3DPosMsg> TakeReports() { return std::exchange(reports, {}); }
+    std::string TakeReports() { return std::exchange(reports, {}); }
 
     CNumericEdit measure;
     CEmptyFillSpin measureSpin;
@@ -66,12 +66,14 @@ public:
     CPageTabCtrl tab;
     CPage3DPosSpherical spherical;
     CPage3DPosCartesianal cartesian;
-    std::vector<tag3DPosMsg> reports;  ///< What the pages reported.
+    std::string reports;  ///< What the pages reported: "1050 0 0; ", distance and angles.
     std::function<void()> onReport = [] {};
 
 private:
     LRESULT OnSet3DPos(WPARAM wParam, LPARAM lParam) {
-        reports.push_back(*reinterpret_cast<const tag3DPosMsg*>(wParam));
+        const auto& [distance, azimuth, elevation] = *reinterpret_cast<const tag3DPosMsg*>(wParam);
+        reports += std::to_string(distance) + " " + std::to_string(azimuth) + " " +
+                   std::to_string(elevation) + "; ";
         CWnd* other = lParam == kFromSphericalPage ? static_cast<CWnd*>(&cartesian) : &spherical;
         other->SendMessage(WM_SET3DPOS, wParam);
         onReport();
@@ -80,26 +82,9 @@ private:
 };
 
 /// Runs a HostDialog with its resources.
-inline int RunHost(const std::function<void(HostDialog&, DialogDriver&)>& script) {
-    using enum ControlKind;
-    static constexpr const char* denominators[] = {"2", "4", "8", "16", "32"};
-    static constexpr ControlTemplate controls[] = {
-        {edit, HostDialog::kMeasure, "", 5, 5, 30, 12, kTabStop},
-        {spin, HostDialog::kMeasureSpin, "", 35, 5, 9, 12},
-        {pushButton, HostDialog::kOther, "Other", 60, 5, 40, 14, kTabStop},
-        {groupBox, 1036, "TimeSignature Setting", 5, 25, 110, 25},
-        {edit, 4025, "", 10, 34, 26, 12, kTabStop},
-        {spin, 4026, "", 36, 34, 9, 12},
-        {staticText, 1037, " /", 50, 36, 9, 9},
-        {comboBox, 4024, "", 62, 34, 34, 12, kTabStop, nullptr, denominators},
-        {tab, HostDialog::kTab, "", 6, 60, 206, 106, kTabStop}};
-    static const std::array<DialogTemplate, 3> dialogs{
-        DialogTemplate{100, "Host", 220, 170, false, false, controls}, kSphericalPageTemplate,
-        kCartesianPageTemplate};
-    static const ResourceTable table{dialogs, {}, {}, {}};
-    AfxInitExtensionModule(table);
+inline void RunHost(const std::function<void(HostDialog&, DialogDriver&)>& script) {
+    AfxInitExtensionModule(OrbixResources());
     HostDialog dialog;
-    const int result = RunDialog(dialog, [&](DialogDriver& user) { script(dialog, user); });
-    AfxTermExtensionModule(table);
-    return result;
+    RunDialog(dialog, [&](DialogDriver& user) { script(dialog, user); });
+    AfxTermExtensionModule(OrbixResources());
 }
