@@ -2,6 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+
+#include "platform/qt/widget_access.h"
+#include "res/resources.h"
+#include "tests/support/bytes.h"
+
+namespace {
+
+std::string NameOf(const ControlTemplate& control) {
+    std::string name = control.accessibleName != nullptr ? control.accessibleName : control.caption;
+    std::erase(name, '&');
+    return name;
+}
+
+}  // namespace
+
 std::vector<_tagEvent3D> Song() {
     _tagEvent3D far = Position(2, 480, 1500);
     far.azimuth = -90;
@@ -10,21 +26,41 @@ std::vector<_tagEvent3D> Song() {
             TimeSig(1920, 3, 4), Position(1, 1920), Position(2, 3360)};
 }
 
-CQelCPB_3DPattern PatternOf(std::vector<_tagEvent3D> events, const std::string& name) {
+CQelCPB_3DPattern PatternOf(std::vector<_tagEvent3D> events) {
     C3DEventData store;
     for (_tagEvent3D& event : events) {
         EXPECT_EQ(store.AddEvent(&event, 1), 0);
     }
     CQelCPB_3DPattern pattern;
-    store.StoreToPattern(&pattern, name);
+    store.StoreToPattern(&pattern, "Song");
     return pattern;
 }
 
-Editor::Editor(const CQelCPB_3DPattern& pattern, CQelCPB_3DPattern* given, bool freeMode,
-               unsigned long start, unsigned long end)
+CQelCPB_3DPattern WithTimeSigs(CQelCPB_3DPattern pattern, std::vector<t_tSigRec> records) {
+    st_paramTimeSigRecords reference{&records};
+    EXPECT_TRUE(pattern.SetParam(2914, &reference, kSizeReference));
+    return pattern;
+}
+
+int ControlNamed(const std::string& name) {
+    for (const ControlTemplate& control : kMainDialogTemplate.controls) {
+        if (control.id >= 0 && NameOf(control) == name) {
+            return control.id;
+        }
+    }
+    throw std::out_of_range("no control " + name);
+}
+
+std::int32_t NotingDevice::WriteBlock(const void* data, std::uint32_t length) {
+    blocks.push_back(Hex({static_cast<const char*>(data), length}));
+    return -1;  // Nobody looks at it.
+}
+
+Editor::Editor(const CQelCPB_3DPattern& pattern, bool given, bool freeMode, unsigned long start,
+               unsigned long end)
     : source(pattern),
-      dialog(nullptr, given, nullptr, nullptr, link, nullptr, 0, start, end, freeMode, "/load",
-             "/save") {
+      dialog(nullptr, given ? &source : nullptr, given ? &block : nullptr, nullptr, link, nullptr,
+             0, start, end, freeMode, "/load", "/save") {
     C3DGraph::s_nXReverse = C3DGraph::s_nYReverse = C3DGraph::s_nZReverse = 0;
     C3DGraph::s_nIndexView = C3DGraph::s_nIndexLine = 1;
     C3DGraph::s_strZoomText.clear();
@@ -44,7 +80,8 @@ Lines Editor::Rows() {
         std::string line = std::to_string(list.GetItemImage(row));
         line += list.GetItemState(row, LVIS_SELECTED) != 0 ? "*" : "";
         for (int column = 1; column < 9; ++column) {
-            line += " " + list.GetItemText(row, column);
+            const std::string text = list.GetItemText(row, column);
+            line += text.empty() ? " ." : " " + text;
         }
         rows.push_back(line);
     }
@@ -58,23 +95,34 @@ std::string Editor::Fields() {
            (driver->Checked(kRadioTimeSig) ? " timesig" : "");
 }
 
-std::string Editor::Buttons() {
-    std::string enabled;
-    for (const auto& [id, name] : {std::pair{kBtnOk, "OK "},
-                                   {kBtnUpdate, "Update "},
-                                   {kBtnDelete, "Delete "},
-                                   {kBtnUndo, "Undo "},
-                                   {kBtnRedo, "Redo "}}) {
-        enabled += driver->Enabled(id) ? name : "";
-    }
-    return enabled;
-}
-
 Lines Editor::State() {
     Lines state = Rows();
-    state.push_back(Fields());
-    state.push_back(Buttons());
+    for (const ControlTemplate& control : kMainDialogTemplate.controls) {
+        if (control.id < 0) {
+            continue;
+        }
+        const auto* button = dynamic_cast<QAbstractButton*>(&driver->Widget(control.id));
+        if (!driver->Enabled(control.id)) {
+            state.push_back("~" + NameOf(control) + " dim");
+        }
+        if (button != nullptr && button->isChecked()) {
+            state.push_back("~" + NameOf(control) + " ticked");
+        }
+    }
+    std::string bytes(block.GetLength(), '\0');
+    block.GetData(bytes.data(), block.GetLength());
+    state.insert(state.end(), {"fields " + Fields(), "name " + driver->Text(kEditName),
+                               "zoom " + driver->Text(kComboZoom),
+                               "block " + std::to_string(block.GetID()) + ": " + Hex(bytes)});
+    for (const std::string& sent : device.blocks) {
+        state.push_back("sent " + sent);
+    }
     return state;
+}
+
+bool Editor::IsOpen() const {
+    const QWidget* widget = WidgetOfWindow(dialog.m_hWnd);
+    return widget != nullptr && widget->isVisible();
 }
 
 void Editor::Fill(int id, const std::string& text) {

@@ -8,35 +8,16 @@
 
 class C3DManager;
 
-/// One run of random events: the same for the same seed, mode and number of events.
-struct MonkeyRun {
-    unsigned seed = 1;
-    int mode = kFreeMode;
-    int events = 0;
-    /// The invariants are looked at after each event from this one on, before it after every 100.
-    int watchFrom = 0;
-};
-
-/// Where a run came to grief.
-struct MonkeyFinding {
-    int event = 0;  ///< counts from 1
-    std::string claim;
-};
-
-/// Plays a run on real widgets: keys, mouse, loads, boxes and menus answered at random, editors
-/// that close and open again on what they left. Nothing when all went well. A crash ends the
-/// process after words that name the seed and the event.
-std::optional<MonkeyFinding> Play(const MonkeyRun& run);
-
 /// What an action has at hand.
 struct MonkeyHands {
     Editor& editor;
     std::mt19937& random;
 
-    unsigned Any(unsigned count) { return static_cast<unsigned>(random() % count); }
+    int Any(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
+    std::string AnyText(int count) { return std::to_string(Any(count)); }
     template <typename Items>
     const auto& AnyOf(const Items& items) {
-        return items[Any(static_cast<unsigned>(std::size(items)))];
+        return items[random() % std::size(items)];
     }
 };
 

@@ -1,5 +1,6 @@
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 #include <array>
 
 #include "dialog/manager.h"
@@ -28,89 +29,44 @@ constexpr std::array<Qt::Key, 25> kKeys = {
     Qt::Key_C,      Qt::Key_V,       Qt::Key_X,         Qt::Key_A,     Qt::Key_F2,
     Qt::Key_Return, Qt::Key_1,       Qt::Key_0,         Qt::Key_Minus, Qt::Key_Z};
 
-QWidget& WindowOf(MonkeyHands& hands) {
-    return *WidgetOfWindow(hands.editor.dialog.m_hWnd)->window();
+QWindow& WindowOf(MonkeyHands& hands) {
+    return *WidgetOfWindow(hands.editor.dialog.m_hWnd)->window()->windowHandle();
+}
+
+QPoint PointIn(const RECT& rect, MonkeyHands& hands) {
+    const int x = rect.left + hands.Any(Width(rect));
+    return {x, rect.top + hands.Any(Height(rect))};
 }
 
 QPoint AnyPoint(MonkeyHands& hands) {
     const QSize size = WindowOf(hands).size();
-    return {static_cast<int>(hands.Any(static_cast<unsigned>(size.width()))),
-            static_cast<int>(hands.Any(static_cast<unsigned>(size.height())))};
-}
-
-QPoint PointIn(const RECT& rect, MonkeyHands& hands) {
-    return {rect.left + static_cast<int>(hands.Any(static_cast<unsigned>(rect.right - rect.left))),
-            rect.top + static_cast<int>(hands.Any(static_cast<unsigned>(rect.bottom - rect.top)))};
+    return PointIn({0, 0, size.width(), size.height()}, hands);
 }
 
 QPoint PointOnPlane(MonkeyHands& hands) {
-    const auto plane = static_cast<int>(hands.Any(C3DGraph::kPlaneCount));
+    const int plane = hands.Any(C3DGraph::kPlaneCount);
     return PointIn(ManagerOf(hands.editor.dialog).Graph().PlaneRect(plane), hands);
 }
 
 void PressOnDot(MonkeyHands& hands) {
-    const auto plane = static_cast<int>(hands.Any(C3DGraph::kPlaneCount));
+    const int plane = hands.Any(C3DGraph::kPlaneCount);
     const auto dots = ManagerOf(hands.editor.dialog).Graph().DescribePlane(plane).dots;
     if (!dots.empty()) {
         hands.editor.driver->MousePress(PointIn(hands.AnyOf(dots).rect, hands));
     }
 }
 
-void Move(MonkeyHands& hands) {
-    hands.editor.driver->MouseMove(hands.Any(2) == 0 ? PointOnPlane(hands) : AnyPoint(hands));
-}
-
-void Press(MonkeyHands& hands) {
-    hands.editor.driver->MousePress(AnyPoint(hands), hands.AnyOf(kButtons));
-}
-
-void Release(MonkeyHands& hands) {
-    hands.editor.driver->MouseRelease(PointOnPlane(hands));
-}
-
-void ClickAnywhere(MonkeyHands& hands) {
-    QTest::mouseClick(WindowOf(hands).windowHandle(), hands.AnyOf(kButtons),
-                      hands.AnyOf(kModifiers), AnyPoint(hands));
-}
-
-void ClickControl(MonkeyHands& hands) {
-    hands.editor.driver->Click(hands.AnyOf(kControls));
-}
-
-void DoubleClick(MonkeyHands& hands) {
-    QTest::mouseDClick(WindowOf(hands).windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                       AnyPoint(hands));
-}
-
 void ClickRow(MonkeyHands& hands) {
     const int count = hands.editor.dialog.GetDlgItemAs<CListCtrl>(kListEvents)->GetItemCount();
     if (count > 0) {
-        hands.editor.driver->ClickRow(kListEvents,
-                                      static_cast<int>(hands.Any(static_cast<unsigned>(count))),
-                                      hands.AnyOf(kModifiers), hands.AnyOf(kButtons));
+        hands.editor.driver->ClickRow(kListEvents, hands.Any(count), hands.AnyOf(kModifiers),
+                                      hands.AnyOf(kButtons));
     }
-}
-
-void Key(MonkeyHands& hands) {
-    hands.editor.driver->Key(hands.AnyOf(kKeys), hands.AnyOf(kModifiers));
-}
-
-void Focus(MonkeyHands& hands) {
-    hands.editor.driver->Widget(hands.AnyOf(kControls)).setFocus();
-}
-
-void FillTime(MonkeyHands& hands) {
-    hands.editor.FillTime(std::to_string(hands.Any(6)), std::to_string(hands.Any(6)),
-                          std::to_string(hands.Any(481)));
 }
 
 void FillTimeSig(MonkeyHands& hands) {
     hands.editor.Click(kRadioTimeSig);
-    hands.editor.Fill(kEditNumerator, std::to_string(hands.Any(99)));
-}
-
-void Zoom(MonkeyHands& hands) {
-    hands.editor.driver->Key(kComboZoom, hands.Any(2) == 0 ? Qt::Key_Up : Qt::Key_Down);
+    hands.editor.Fill(kEditNumerator, hands.AnyText(99));
 }
 
 // The clock of a button that is held down, without its wait.
@@ -130,30 +86,42 @@ void StorePattern(MonkeyHands& hands) {
 }
 
 void Close(MonkeyHands& hands) {
-    hands.editor.driver->Click(hands.Any(2) == 0 ? kBtnOk : kBtnCancel);
+    hands.editor.Click(hands.Any(2) == 0 ? kBtnOk : kBtnCancel);
 }
 
 struct Action {
-    unsigned weight;
+    int weight;
     void (*act)(MonkeyHands&);
 };
 
 constexpr Action kActions[] = {
-    {18, ClickControl}, {10, Key},          {10, Move},       {6, PressOnDot},  {4, Press},
-    {8, Release},       {8, ClickAnywhere}, {1, DoubleClick}, {8, ClickRow},    {4, Focus},
-    {5, FillTime},      {3, FillTimeSig},   {4, Zoom},        {4, LetTimePass}, {1, StorePattern},
+    {18, [](MonkeyHands& h) { h.editor.Click(h.AnyOf(kControls)); }},
+    {10, [](MonkeyHands& h) { h.editor.driver->Key(h.AnyOf(kKeys), h.AnyOf(kModifiers)); }},
+    {5, [](MonkeyHands& h) { h.editor.driver->MouseMove(PointOnPlane(h)); }},
+    {5, [](MonkeyHands& h) { h.editor.driver->MouseMove(AnyPoint(h)); }},
+    {6, PressOnDot},
+    {4, [](MonkeyHands& h) { h.editor.driver->MousePress(AnyPoint(h), h.AnyOf(kButtons)); }},
+    {8, [](MonkeyHands& h) { h.editor.driver->MouseRelease(PointOnPlane(h)); }},
+    {8,
+     [](MonkeyHands& h) {
+         QTest::mouseClick(&WindowOf(h), h.AnyOf(kButtons), h.AnyOf(kModifiers), AnyPoint(h));
+     }},
+    {1,
+     [](MonkeyHands& h) {
+         QTest::mouseDClick(&WindowOf(h), Qt::LeftButton, Qt::NoModifier, AnyPoint(h));
+     }},
+    {8, ClickRow},
+    {4, [](MonkeyHands& h) { h.editor.driver->Widget(h.AnyOf(kControls)).setFocus(); }},
+    {5, [](MonkeyHands& h) { h.editor.FillTime(h.AnyText(6), h.AnyText(6), h.AnyText(481)); }},
+    {3, FillTimeSig},
+    {2, [](MonkeyHands& h) { h.editor.driver->Key(kComboZoom, Qt::Key_Up); }},
+    {2, [](MonkeyHands& h) { h.editor.driver->Key(kComboZoom, Qt::Key_Down); }},
+    {4, LetTimePass},
+    {1, StorePattern},
 };
 // These throw away what was built up; one action in this many is one of them.
-constexpr unsigned kRareOne = 150;
+constexpr int kRareOne = 150;
 constexpr void (*kRareActions[])(MonkeyHands&) = {LoadPattern, Close};
-
-unsigned SumOfWeights() {
-    unsigned sum = 0;
-    for (const Action& action : kActions) {
-        sum += action.weight;
-    }
-    return sum;
-}
 
 }  // namespace
 
@@ -162,14 +130,10 @@ void ActAtRandom(MonkeyHands& hands) {
         hands.AnyOf(kRareActions)(hands);
         return;
     }
-    unsigned left = hands.Any(SumOfWeights());
-    for (const Action& action : kActions) {
-        if (left < action.weight) {
-            action.act(hands);
-            return;
-        }
-        left -= action.weight;
-    }
+    std::vector<int> weights;
+    std::ranges::transform(kActions, std::back_inserter(weights), &Action::weight);
+    std::discrete_distribution<std::size_t> choice(weights.begin(), weights.end());
+    kActions[choice(hands.random)].act(hands);
 }
 
 CQelCPB_3DPattern AnyPattern(std::mt19937& random) {

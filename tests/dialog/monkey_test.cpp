@@ -4,10 +4,8 @@
 
 #include <QApplication>
 #include <QDrag>
-#include <QFileDialog>
 #include <QMenu>
 #include <QTimer>
-#include <QWidget>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -25,14 +23,29 @@ constexpr int kRescueMilliseconds = 5;
 constexpr std::uint32_t kRangeStart = 480;
 constexpr std::uint32_t kRangeEnd = 9600;
 
+/// One run: the same for the same seed, mode and number of events. Every 100 events the invariants
+/// are looked at, from `watchFrom` on after each.
+struct MonkeyRun {
+    unsigned seed = 1;
+    int mode = kFreeMode;
+    int events = 0;
+    int watchFrom = 0;
+};
+
+struct MonkeyFinding {
+    int event = 0;  ///< counts from 1
+    std::string claim;
+};
+
 unsigned seedNow = 0;
 int eventNow = 0;
 
-// A scroll bar's menu, a file dialog and a drag of text hold the click that began them until the
-// user ends them.
-void LeaveMenusAndDrags() {
-    if (auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-        files->reject();
+// The patch dialog, a file dialog, a scroll bar's menu and a drag of text hold the click that began
+// them until the user ends them.
+void LeaveAllBut(const Editor& editor) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal != WidgetOfWindow(editor.dialog.m_hWnd)) {
+        modal->close();
     }
     if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
         menu->close();
@@ -47,6 +60,8 @@ void SayWhere(int signal) {
     std::raise(signal);
 }
 
+// Plays a run on real widgets: keys, mouse, loads, boxes and menus answered at random, editors
+// that close and open again on what they left.
 class Monkey {
 public:
     explicit Monkey(const MonkeyRun& run)
@@ -57,13 +72,9 @@ public:
 
     std::optional<MonkeyFinding> Play() {
         while (eventNow < run_.events && !finding_) {
-            if (run_.mode == kRangeMode) {
-                Editor editor(pattern_, kRangeStart, kRangeEnd);
-                PlayOn(editor);
-            } else {
-                Editor editor(pattern_);
-                PlayOn(editor);
-            }
+            Editor editor = run_.mode == kRangeMode ? Editor(pattern_, kRangeStart, kRangeEnd)
+                                                    : Editor(pattern_);
+            PlayOn(editor);
         }
         return finding_;
     }
@@ -74,12 +85,12 @@ private:
         editor.Run([&] {
             MonkeyHands hands{editor, random_};
             QTimer rescue;
-            QObject::connect(&rescue, &QTimer::timeout, &LeaveMenusAndDrags);
+            QObject::connect(&rescue, &QTimer::timeout, [&editor] { LeaveAllBut(editor); });
             rescue.start(kRescueMilliseconds);
             for (int left = kEventsAnEditor; left > 0 && eventNow < run_.events; --left) {
                 ++eventNow;
                 ActAtRandom(hands);
-                if (!IsOpen(editor)) {
+                if (!editor.IsOpen()) {
                     return;
                 }
                 if (eventNow % kCheckEvery == 0 || eventNow >= run_.watchFrom) {
@@ -97,14 +108,10 @@ private:
     void AnswerAtRandom() {
         Hooks().messageBox = [this](const CString&, UINT style) {
             const bool yes = answers_() % 2 == 0;
-            switch (style & MB_TYPEMASK) {
-                case MB_YESNO:
-                    return yes ? IDYES : IDNO;
-                case MB_OKCANCEL:
-                    return yes ? IDOK : IDCANCEL;
-                default:
-                    return IDOK;
-            }
+            const UINT kind = style & MB_TYPEMASK;
+            return kind == MB_YESNO              ? (yes ? IDYES : IDNO)
+                   : kind == MB_OKCANCEL && !yes ? IDCANCEL
+                                                 : IDOK;
         };
         Hooks().popupMenu = [this](HWND, const std::vector<MenuItem>& items) {
             const std::size_t choice = answers_() % (items.size() + 1);
@@ -113,11 +120,6 @@ private:
         Hooks().clipboardText = [this]() -> std::optional<CString> {
             return std::array<CString, 4>{"12", "-3", "", "99999999999"}[answers_() % 4];
         };
-    }
-
-    static bool IsOpen(Editor& editor) {
-        const QWidget* widget = WidgetOfWindow(editor.dialog.m_hWnd);
-        return widget != nullptr && widget->isVisible();
     }
 
     void Check(Editor& editor, int depth) {
@@ -147,10 +149,6 @@ class MonkeyTest : public testing::TestWithParam<int> {};
 
 }  // namespace
 
-std::optional<MonkeyFinding> Play(const MonkeyRun& run) {
-    return Monkey(run).Play();
-}
-
 // ./dev monkey runs more events, and other ones, by these two variables.
 TEST_P(MonkeyTest, KeepsTheInvariants) {
     for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
@@ -159,13 +157,13 @@ TEST_P(MonkeyTest, KeepsTheInvariants) {
     qputenv("QT_LOGGING_RULES", "default.warning=false");  // what the offscreen platform lacks
     MonkeyRun run{FromEnvironment("ORBIX_MONKEY_SEED", 1), GetParam(),
                   static_cast<int>(FromEnvironment("ORBIX_MONKEY_EVENTS", 400)), 1 << 30};
-    const std::optional<MonkeyFinding> found = Play(run);
+    const std::optional<MonkeyFinding> found = Monkey(run).Play();
     if (!found) {
         return;
     }
     run.events = found->event;
     run.watchFrom = found->event - kCheckEvery;
-    const MonkeyFinding shortest = Play(run).value_or(*found);
+    const MonkeyFinding shortest = Monkey(run).Play().value_or(*found);
     FAIL() << "seed " << run.seed << ": after " << shortest.event
            << " events this does not hold: " << shortest.claim;
 }
