@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 
 #include "platform/qt/widget_access.h"
 #include "res/resources.h"
@@ -109,6 +110,12 @@ Lines Editor::State() {
             state.push_back("~" + NameOf(control) + " ticked");
         }
     }
+    const auto* plane = QAccessible::queryAccessibleInterface(&driver->Widget(kPlaneAbove));
+    for (int dot = 0; dot < plane->childCount(); ++dot) {
+        if (plane->child(dot)->state().selected) {
+            state.push_back("~" + plane->child(dot)->text(QAccessible::Name).toStdString());
+        }
+    }
     std::string bytes(block.GetLength(), '\0');
     block.GetData(bytes.data(), block.GetLength());
     state.insert(state.end(), {"fields " + Fields(), "name " + driver->Text(kEditName),
@@ -123,13 +130,6 @@ Lines Editor::State() {
 bool Editor::IsOpen() const {
     const QWidget* widget = WidgetOfWindow(dialog.m_hWnd);
     return widget != nullptr && widget->isVisible();
-}
-
-void Editor::Fill(int id, const std::string& text) {
-    auto& edit = *dialog.GetDlgItemAs<CEdit>(id);
-    edit.SetFocus();
-    edit.SetSel(0, static_cast<int>(edit.GetWindowText().size()));
-    driver->Type(id, text);
 }
 
 void Editor::FillTime(const std::string& measure, const std::string& beat,

@@ -61,8 +61,7 @@ public:
     Lines State();
     bool IsOpen() const;
 
-    /// Replaces the text of a box as a user does.
-    void Fill(int id, const std::string& text);
+    void Fill(int id, const std::string& text) { driver->Fill(id, text); }
     void FillTime(const std::string& measure, const std::string& beat, const std::string& tick);
     void ChooseRow(int comboId, int row);
     void Click(int id) { driver->Click(id); }

@@ -2,12 +2,9 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QKeySequence>
-#include <QMimeData>
 #include <QTest>
 #include <QTimer>
-#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <filesystem>
@@ -124,21 +121,15 @@ void Patch(Editor& editor, const Lines& words) {
 // Files of the current folder; a name of digits is of a path with that many bytes. They are opened
 // with the rights of nobody in particular, also when the superuser runs this.
 void Drop(Editor& editor, const Lines& words) {
-    QMimeData data;
-    QList<QUrl> urls;
+    Lines paths;
     for (auto word = words.begin() + 1; word != words.end(); ++word) {
-        std::string path = fs::absolute(*word).string();
+        paths.push_back(fs::absolute(*word));
         if (const int length = std::atoi(word->c_str()); length > 0) {
-            path.insert(path.size() - word->size(), length - path.size(), 'n');
+            paths.back().insert(paths.back().size() - word->size(),
+                                static_cast<std::size_t>(length) - paths.back().size(), 'n');
         }
-        urls.append(QUrl::fromLocalFile(QString::fromStdString(path)));
     }
-    data.setUrls(urls);
-    QWindow* window = WidgetOfWindow(editor.dialog.m_hWnd)->windowHandle();
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &enter);
-    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &drop);
+    DropFiles(*WidgetOfWindow(editor.dialog.m_hWnd)->windowHandle(), paths);
     ASSERT_EQ(seteuid(getuid() == 0 ? 65534 : getuid()), 0);
     editor.driver->Settle();
     ASSERT_EQ(seteuid(getuid()), 0);

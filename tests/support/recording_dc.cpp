@@ -1,16 +1,14 @@
 #include "tests/support/recording_dc.h"
 
-#include <iomanip>
-#include <sstream>
+#include <cstdio>
 
 namespace {
 
 std::string Hex(COLORREF colour) {
-    std::ostringstream out;
-    out << std::hex << std::uppercase << std::setfill('0') << std::setw(6)
-        << RGB(static_cast<unsigned>(GetBValue(colour)), static_cast<unsigned>(GetGValue(colour)),
-               static_cast<unsigned>(GetRValue(colour)));
-    return out.str();
+    char text[7];
+    std::snprintf(text, sizeof text, "%02X%02X%02X", GetRValue(colour), GetGValue(colour),
+                  GetBValue(colour));
+    return text;
 }
 
 std::string List(std::initializer_list<int> numbers) {

@@ -4,19 +4,20 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTabBar>
-#include <QTest>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
+#include <QUrl>
 #include <QWindow>
 #include <cstdlib>
-#include <filesystem>
 #include <stdexcept>
 
 #include "platform/controls.h"
-#include "platform/native.h"
 #include "platform/qt/widget_access.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -35,20 +36,14 @@ class TestEnvironment {
 public:
     TestEnvironment() {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
-        char pattern[] = "/tmp/orbix-test-XXXXXX";
-        if (mkdtemp(pattern) != nullptr) {
-            folder_ = pattern;
-            setenv("XDG_RUNTIME_DIR", pattern, 1);
-            setenv("XDG_CONFIG_HOME", pattern, 1);  // The file dialog keeps its history there.
+        // The second, because the file dialog keeps its history there.
+        for (const char* name : {"XDG_RUNTIME_DIR", "XDG_CONFIG_HOME"}) {
+            setenv(name, folder_.path().toUtf8().constData(), 1);
         }
-    }
-    ~TestEnvironment() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
     }
 
 private:
-    std::string folder_;
+    QTemporaryDir folder_;
 };
 
 const TestEnvironment testEnvironment;
@@ -69,8 +64,6 @@ void RunScript(CDialog& dialog, const std::function<void(DialogDriver&)>& script
         script(driver);
     } catch (const std::exception& failure) {
         ADD_FAILURE() << "the script stopped: " << failure.what();
-    } catch (...) {
-        ADD_FAILURE() << "the script stopped";
     }
     dialog.EndDialog(kEndedByDriver);
 }
@@ -98,10 +91,6 @@ QPoint DialogDriver::PointOf(int id) {
     return widget.mapTo(widget.window(), widget.rect().center());
 }
 
-void DialogDriver::Click(int id, Qt::KeyboardModifiers modifiers) {
-    QTest::mouseClick(&Window(), Qt::LeftButton, modifiers, PointOf(id));
-}
-
 void DialogDriver::Type(int id, const std::string& text) {
     Widget(id).setFocus();
     for (const QChar character : QString::fromStdString(text)) {
@@ -110,13 +99,11 @@ void DialogDriver::Type(int id, const std::string& text) {
     }
 }
 
-void DialogDriver::Key(int id, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    Widget(id).setFocus();
-    Key(key, modifiers);
-}
-
-void DialogDriver::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(&Window(), key, modifiers);
+void DialogDriver::Fill(int id, const std::string& text) {
+    auto& edit = dynamic_cast<QLineEdit&>(Widget(id));
+    edit.setFocus();
+    edit.selectAll();
+    Type(id, text);
 }
 
 void DialogDriver::ClickSpin(int id, bool up) {
@@ -131,33 +118,12 @@ void DialogDriver::ClickTab(int id, int index) {
                       bar.mapTo(bar.window(), bar.tabRect(index).center()));
 }
 
-void DialogDriver::MousePress(QPoint point, Qt::MouseButton button) {
-    QTest::mousePress(&Window(), button, Qt::NoModifier, point);
-}
-
-void DialogDriver::MouseMove(QPoint point) {
-    QTest::mouseMove(&Window(), point);
-}
-
-void DialogDriver::MouseRelease(QPoint point, Qt::MouseButton button) {
-    QTest::mouseRelease(&Window(), button, Qt::NoModifier, point);
-}
-
 QPoint DialogDriver::RowPoint(int list, int row) {
     Settle();
     auto& view = dynamic_cast<QTreeView&>(Widget(list));
     const QModelIndex index = view.model()->index(row, 1);
     view.scrollTo(index);
     return view.viewport()->mapTo(view.window(), view.visualRect(index).center());
-}
-
-void DialogDriver::ClickRow(int list, int row, Qt::KeyboardModifiers modifiers,
-                            Qt::MouseButton button) {
-    QTest::mouseClick(&Window(), button, modifiers, RowPoint(list, row));
-}
-
-void DialogDriver::DoubleClickRow(int list, int row) {
-    QTest::mouseDClick(&Window(), Qt::LeftButton, Qt::NoModifier, RowPoint(list, row));
 }
 
 std::vector<std::vector<std::string>> DialogDriver::RowTexts(int list) {
@@ -176,19 +142,10 @@ std::vector<std::vector<std::string>> DialogDriver::RowTexts(int list) {
 std::vector<int> DialogDriver::SelectedRows(int list) {
     HWND window = native::GetDlgItem(dialog_.m_hWnd, list);
     std::vector<int> rows;
-    for (int row = native::ListNext(window, -1, LVNI_SELECTED); row >= 0;
-         row = native::ListNext(window, row, LVNI_SELECTED)) {
+    for (int row = -1; (row = native::ListNext(window, row, LVNI_SELECTED)) >= 0;) {
         rows.push_back(row);
     }
     return rows;
-}
-
-std::string DialogDriver::Text(int id) {
-    return native::GetText(native::GetDlgItem(dialog_.m_hWnd, id));
-}
-
-bool DialogDriver::Enabled(int id) {
-    return Widget(id).isEnabled();
 }
 
 bool DialogDriver::Checked(int id) {
@@ -205,17 +162,12 @@ QImage DialogDriver::Grab() {
     return WidgetOfWindow(dialog_.m_hWnd)->grab().toImage();
 }
 
-void DialogDriver::Save(const std::string& path) {
-    Grab().save(QString::fromStdString(path));
-}
-
 int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script) {
     if (!native::EnsureToolkit()) {
         ADD_FAILURE() << "no toolkit";
         return -1;
     }
     QTimer watchdog;
-    watchdog.setSingleShot(true);
     QObject::connect(&watchdog, &QTimer::timeout, [] {
         std::fputs("the dialog hangs\n", stderr);
         std::abort();
@@ -231,6 +183,19 @@ int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script)
     });
     poll.start(kPollMilliseconds);
     return dialog.DoModal();
+}
+
+void DropFiles(QObject& window, const std::vector<std::string>& files) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const std::string& file : files) {
+        urls.append(QUrl::fromLocalFile(QString::fromStdString(file)));
+    }
+    data.setUrls(urls);
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &drop);
 }
 
 bool WithFileDialog(const std::function<void()>& open,

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QTest>
 #include <QWidget>
 #include <Qt>
 #include <deque>
@@ -11,6 +12,7 @@
 
 #include "platform/dialog.h"
 #include "platform/hooks.h"
+#include "platform/native.h"
 
 class QFileDialog;
 class QWindow;
@@ -28,38 +30,52 @@ public:
     /// A point inside the control's middle, in the window's coordinates.
     QPoint PointOf(int id);
 
-    void Click(int id, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void Click(int id, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::mouseClick(&Window(), Qt::LeftButton, modifiers, PointOf(id));
+    }
     /// Gives the control the focus and types.
     void Type(int id, const std::string& text);
-    void Key(int id, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Types over the text of a box.
+    void Fill(int id, const std::string& text);
+    void Key(int id, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        Widget(id).setFocus();
+        Key(key, modifiers);
+    }
     /// To whatever has the focus.
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&Window(), key, modifiers);
+    }
     void ClickSpin(int id, bool up);
     void ClickTab(int id, int index);
 
     /// Points are in the dialog's client coordinates.
-    void MousePress(QPoint point, Qt::MouseButton button = Qt::LeftButton);
-    void MouseMove(QPoint point);
-    void MouseRelease(QPoint point, Qt::MouseButton button = Qt::LeftButton);
+    void MousePress(QPoint point, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mousePress(&Window(), button, {}, point);
+    }
+    void MouseMove(QPoint point) { QTest::mouseMove(&Window(), point); }
+    void MouseRelease(QPoint point, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseRelease(&Window(), button, {}, point);
+    }
 
     void ClickRow(int list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-                  Qt::MouseButton button = Qt::LeftButton);
-    void DoubleClickRow(int list, int row);
+                  Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&Window(), button, modifiers, RowPoint(list, row));
+    }
+    void DoubleClickRow(int list, int row) {
+        QTest::mouseDClick(&Window(), Qt::LeftButton, {}, RowPoint(list, row));
+    }
     /// All texts of a list, row by row.
     std::vector<std::vector<std::string>> RowTexts(int list);
     std::vector<int> SelectedRows(int list);
 
-    std::string Text(int id);
-    bool Enabled(int id);
+    std::string Text(int id) { return native::GetText(native::GetDlgItem(dialog_.m_hWnd, id)); }
+    bool Enabled(int id) { return Widget(id).isEnabled(); }
     bool Checked(int id);
 
     /// Lets everything that is waiting in the event loop happen.
     void Settle();
     /// The dialog as it looks now.
     QImage Grab();
-    void Save(const std::string& path);
-
-    CDialog& Dialog() { return dialog_; }
 
 private:
     QWindow& Window();
@@ -75,6 +91,9 @@ inline constexpr int kEndedByDriver = -99;
 /// then ends the dialog if it is still open. What the script throws fails the test. Gives
 /// DoModal's result.
 int RunDialog(CDialog& dialog, const std::function<void(DialogDriver&)>& script);
+
+/// Drops files on a window, or whatever takes its events.
+void DropFiles(QObject& window, const std::vector<std::string>& files);
 
 /// Does what brings up a file dialog, and runs the script on that once it is shown; a dialog that
 /// is open still is given up then. False when none came.
