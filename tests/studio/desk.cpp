@@ -3,14 +3,18 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QApplication>
-#include <fstream>
-#include <iterator>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
 #include <memory>
-#include <set>
 
 #include "event/event_store.h"
+#include "params/pattern_form.h"
 #include "params/value_forms.h"
+#include "platform/files.h"
 #include "platform/native.h"
 #include "tests/event/event_builders.h"
 
@@ -33,6 +37,12 @@ private:
 const testing::Environment* const kEnvironment =
     testing::AddGlobalTestEnvironment(new ApplicationOfTests);
 
+// Of a box; of other windows the title.
+std::string TextOf(const QWidget& window) {
+    const auto* box = qobject_cast<const QMessageBox*>(&window);
+    return (box != nullptr ? box->text() : window.windowTitle()).toStdString();
+}
+
 }  // namespace
 
 Desk::Desk() {
@@ -53,17 +63,12 @@ Desk::~Desk() {
     std::filesystem::remove_all(folder_);
 }
 
-std::string Desk::Files() const {
-    std::set<std::string> lines;
+std::map<std::string, std::string> Desk::Files() const {
+    std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
-        const std::string path = entry.path().string();
-        lines.insert(path + "=" + (entry.is_regular_file() ? Bytes(path) : ""));
+        files[entry.path()] = ReadWholeFile(entry.path()).value_or("");
     }
-    std::string all;
-    for (const std::string& line : lines) {
-        all += line + "\n";
-    }
-    return all;
+    return files;
 }
 
 Desk& Desk::Next(std::function<void(QWidget&)> serve) {
@@ -73,18 +78,15 @@ Desk& Desk::Next(std::function<void(QWidget&)> serve) {
 
 Desk& Desk::Box(const std::string& text, const std::string& button) {
     return Next([=](QWidget& window) {
-        const auto* box = qobject_cast<QMessageBox*>(&window);
-        EXPECT_TRUE(box != nullptr && box->text().toStdString().find(text) != std::string::npos)
-            << "expected a box with: " << text
-            << "\nfound: " << (box != nullptr ? box->text() : window.windowTitle()).toStdString();
+        EXPECT_NE(TextOf(window).find(text), std::string::npos)
+            << "expected a box with: " << text << "\nfound: " << TextOf(window);
         ClickButton(window, button);
     });
 }
 
 Desk& Desk::File(const std::string& name) {
     return Next([=](QWidget& window) {
-        EXPECT_NE(qobject_cast<QFileDialog*>(&window), nullptr)
-            << window.windowTitle().toStdString();
+        EXPECT_NE(qobject_cast<QFileDialog*>(&window), nullptr) << TextOf(window);
         if (name.empty()) {
             QTest::keyClick(&window, Qt::Key_Escape);
             return;
@@ -102,9 +104,7 @@ void Desk::Serve() {
     }
     served_ = window;
     if (scripts_.empty()) {
-        const auto* box = qobject_cast<QMessageBox*>(window);
-        ADD_FAILURE() << "unexpected window: " << window->windowTitle().toStdString() << ": "
-                      << (box != nullptr ? box->text().toStdString() : "");
+        ADD_FAILURE() << "unexpected window: " << TextOf(*window);
         window->close();
         return;
     }
@@ -125,15 +125,6 @@ void ClickButton(QWidget& window, const std::string& text) {
     window.close();
 }
 
-std::string Bytes(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void PutBytes(const std::string& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
-}
-
 CQelCPB_3DPattern Positions(int count, int bad) {
     C3DEventData store;
     Add(store, TimeSig(0, 4, 4));
@@ -149,4 +140,8 @@ CQelCPB_3DPattern Positions(int count, int bad) {
     st_paramTimeSigRecords reference{&timeSigs};
     pattern.SetParam(2914, &reference, kSizeReference);
     return pattern;
+}
+
+std::string Stored(int count, int bad) {
+    return WritePatternBytes(Positions(count, bad));
 }

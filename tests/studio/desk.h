@@ -1,16 +1,12 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
+#include <QWidget>
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "params/pattern_block.h"
@@ -26,8 +22,8 @@ public:
 
     std::string operator/(const std::string& name) const { return (folder_ / name).string(); }
     const std::filesystem::path& Folder() const { return folder_; }
-    /// All files below the folder with their bytes, sorted.
-    std::string Files() const;
+    /// All that is below the folder, with the bytes of the files.
+    std::map<std::string, std::string> Files() const;
 
     /// What to do with the next modal window that nobody has served yet. A window that comes
     /// unexpected, or one that never comes, fails the test.
@@ -49,10 +45,8 @@ private:
 /// Clicks the button with this text, marks for keys left out.
 void ClickButton(QWidget& window, const std::string& text);
 
-/// The whole file; "" when there is none.
-std::string Bytes(const std::string& file);
-void PutBytes(const std::string& file, const std::string& bytes);
-
 /// A pattern with `count` positions, 120 ticks apart, and `bad` time signatures that a load leaves
 /// out with a remark each.
 CQelCPB_3DPattern Positions(int count, int bad = 0);
+/// The bytes of its file.
+std::string Stored(int count, int bad = 0);

@@ -1,15 +1,15 @@
 // A session of the program that edits, saves and goes on until it is killed: for the test of what
-// a crash may cost. The clock is the script's own and runs fast; every step is told on stdout:
-// "r N" N events were found at the start, "e N MS" the Nth was added at that time, "S N" a save of
-// N begins, "s N" it is done.
+// a crash may cost. The clock is the script's own and runs fast. Each step tells on stdout how many
+// events may be left if it is the last one: the fewest, the most, and in the file those of the last
+// save that is done or of the one that begins; -1 none. At first both are what was found.
 //     editing_session FILE SEED
-
-#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
+#include <deque>
+#include <iostream>
 #include <random>
 #include <string>
 
@@ -19,69 +19,67 @@
 
 namespace {
 
-void Tell(const std::string& line) {
-    static_cast<void>(::write(1, (line + "\n").data(), line.size() + 1));
-}
-
-class Session {
-public:
-    Session(const std::string& file, unsigned seed) : random_(seed) {
-        Hooks().tickCount = [this] { return clock_; };
-        QObject::connect(&step_, &QTimer::timeout, [this] { Step(); });
-        window_ = std::make_unique<MainWindow>(link_);
-        window_->show();
-        step_.start(0);
-        std::string reason;
-        if (!window_->OfferRecovery(file) && !window_->Open(file, reason)) {
-            Tell(reason);
-            std::_Exit(1);
+struct Account {
+    // Written at once: the end may come at any time.
+    void Tell(int most) const {
+        std::cout << fewest << ' ' << most << ' ' << saved << ' ' << begun << std::endl;
+    }
+    void Add(DWORD clock) {
+        added.emplace_back(++count, clock);
+        for (; added.front().second + 10000 <= clock; added.pop_front()) {
+            fewest = added.front().first;
         }
-        count_ = window_->CurrentDocument().Events().CountEvents(0);
-        Tell("r " + std::to_string(count_));
+        Tell(count + 1);
     }
 
-    [[noreturn]] void Run() {
-        for (;;) {
-            window_->EditEvents();
-            Tell("s " + std::to_string(count_));
-        }
-    }
-
-private:
-    void Step() {
-        if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            box->buttons().constFirst()->click();  // the autosaved version
-            return;
-        }
-        COrbixMainDlg* dialog = window_->OpenDialog();
-        if (dialog == nullptr || !dialog->IsWindowVisible()) {
-            return;
-        }
-        dialog->GetDlgItem(kListEvents)->SetFocus();
-        clock_ += static_cast<DWORD>(100 + random_() % 1900);
-        window_->AutosaveTick();
-        if (random_() % 8 == 0 && dialog->GetModified()) {
-            Tell("S " + std::to_string(count_));
-            dialog->SendMessage(WM_COMMAND, kBtnOk);
-            return;
-        }
-        dialog->GetDlgItem(kEditMeasure)->SetWindowText(std::to_string(count_ + 1));
-        dialog->SendMessage(WM_COMMAND, kBtnAdd);
-        ++count_;
-        Tell("e " + std::to_string(count_) + " " + std::to_string(clock_));
-    }
-
-    std::mt19937 random_;
-    DWORD clock_ = 1000;
-    int count_ = 0;
-    QTimer step_;
-    CZurSMWMan link_;
-    std::unique_ptr<MainWindow> window_;
+    int count = 0, fewest = 0, saved = -1, begun = -1;
+    std::deque<std::pair<int, DWORD>> added;  // in the last ten seconds: how many, and when
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    Session(argv[1], static_cast<unsigned>(std::stoul(argv[2]))).Run();
+    std::mt19937 random(static_cast<unsigned>(std::stoul(argv[2])));
+    DWORD clock = 1000;
+    Hooks().tickCount = [&clock] { return clock; };
+    CZurSMWMan link;
+    MainWindow window(link);
+    Account account;
+    const auto step = [&] {
+        if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            box->buttons().constFirst()->click();  // the autosaved version
+            return;
+        }
+        COrbixMainDlg* dialog = window.OpenDialog();
+        if (dialog == nullptr || !dialog->IsWindowVisible()) {
+            return;
+        }
+        dialog->GetDlgItem(kListEvents)->SetFocus();
+        clock += static_cast<DWORD>(100 + random() % 1900);
+        window.AutosaveTick();
+        if (random() % 8 == 0 && dialog->GetModified()) {
+            account.begun = account.count;
+            account.Tell(account.count);
+            dialog->SendMessage(WM_COMMAND, kBtnOk);
+            return;
+        }
+        dialog->GetDlgItem(kEditMeasure)->SetWindowText(std::to_string(account.count + 1));
+        dialog->SendMessage(WM_COMMAND, kBtnAdd);
+        account.Add(clock);
+    };
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, step);
+    timer.start(0);
+    window.show();
+    std::string reason;
+    if (!window.OfferRecovery(argv[1]) && !window.Open(argv[1], reason)) {
+        std::cerr << reason << std::endl;
+        return 1;
+    }
+    account.count = account.fewest = window.CurrentDocument().Events().CountEvents(0);
+    for (account.Tell(account.count);; account.Tell(account.count)) {
+        window.EditEvents();
+        account.fewest = account.saved = account.count;
+    }
 }

@@ -1,16 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QClipboard>
-#include <QDragEnterEvent>
-#include <QDropEvent>
+#include <QLabel>
 #include <QMenu>
-#include <QMimeData>
 #include <QPlainTextEdit>
-#include <QUrl>
+#include <QTest>
 
 #include "dialog/control_ids.h"
-#include "params/pattern_form.h"
+#include "platform/files.h"
 #include "studio/main_window.h"
+#include "tests/event/event_builders.h"
 #include "tests/studio/desk.h"
 #include "tests/support/ui_driver.h"
 
@@ -30,51 +30,37 @@ protected:
     void NextEditor(int measure, int button = kBtnOk) {
         desk.Next([=, this](QWidget&) {
             DialogDriver driver(*window.OpenDialog());
-            driver.Key(kEditMeasure, Qt::Key_Home);
-            driver.Key(Qt::Key_End, Qt::ShiftModifier);
-            driver.Type(kEditMeasure, std::to_string(measure));
+            driver.Fill(kEditMeasure, std::to_string(measure));
             driver.Click(kBtnAdd);
             driver.Click(button);
         });
     }
-    void Open(const std::string& file) {
+    /// Puts a pattern on the desk and opens it; gives its file.
+    std::string Open(const std::string& name, int count) {
+        WriteFileCommitted(desk / name, Stored(count));
         std::string reason;
-        ASSERT_TRUE(window.Open(file, reason)) << reason;
+        EXPECT_TRUE(window.Open(desk / name, reason)) << reason;
+        return desk / name;
     }
-    void Drop(const std::vector<std::string>& files) {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const std::string& file : files) {
-            urls.append(QUrl::fromLocalFile(QString::fromStdString(file)));
-        }
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &enter);
-        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &drop);
+    std::string Label(const char* name) {
+        return window.findChild<QLabel*>(name)->text().toStdString();
     }
-    /// The caption, the summary and the bytes that a save would write.
+    /// The caption, the document's state, how many autosaves there are, and what the file holds.
     std::string State() {
-        std::string state = window.windowTitle().toStdString() +
-                            (window.isWindowModified() ? " modified\n" : " clean\n");
-        for (const char* value : {"Name", "File", "State", "Division", "Events", "Length"}) {
-            state += window.findChild<QLabel*>(value)->text().toStdString() + "\n";
-        }
-        return state + window.CurrentDocument().StoredBytes();
+        const Document& document = window.CurrentDocument();
+        const bool isSaved = ReadWholeFile(document.File()) == document.StoredBytes();
+        return window.windowTitle().toStdString() +
+               (window.isWindowModified() ? " modified: " : " clean: ") + Label("State") + ", " +
+               std::to_string(Autosaves().size()) + (isSaved ? " kept, in file" : " kept");
     }
-    int Autosaves() const {
-        return static_cast<int>(FindFiles(desk.Folder() / "data", ".3dp").size());
-    }
-    static std::vector<std::string> FindFiles(const std::filesystem::path& folder,
-                                              const std::string& extension) {
-        std::vector<std::string> files;
-        std::error_code none;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder, none)) {
-            if (entry.path().extension() == extension) {
-                files.push_back(entry.path().string());
+    std::vector<std::string> Autosaves() const {
+        std::vector<std::string> found;
+        for (const auto& [file, bytes] : desk.Files()) {
+            if (file.starts_with(desk / "data/") && file.ends_with(".3dp")) {
+                found.push_back(file);
             }
         }
-        return files;
+        return found;
     }
 
     Desk desk;
@@ -85,43 +71,33 @@ protected:
 }  // namespace
 
 TEST_F(StudioWindow, ANewPatternLivesThroughACancelledNameAndReachesItsFile) {
-    const std::string file = desk / "new name.3dp";
     NextEditor(3);
     desk.File("");
     Key(Qt::Key_E);
-    EXPECT_EQ(State().substr(0, State().find("480")),
-              "Untitled[*] - Orbix modified\nNew Pattern\nnone\nmodified, not saved\n");
-    EXPECT_EQ(window.CurrentDocument().Events().CountEvents(0), 1);
-    EXPECT_EQ(Autosaves(), 1);
-
+    EXPECT_EQ(State(), "Untitled[*] - Orbix modified: modified, not saved, 1 kept");
     desk.Box("Untitled has been modified", "Cancel");
     Key(Qt::Key_Q);
     desk.Box("Untitled has been modified", "Save").File("");
     Key(Qt::Key_Q);
     EXPECT_TRUE(window.isVisible() && window.isWindowModified());
-
-    desk.File(file.substr(0, file.size() - 4));
+    desk.File(desk / "new name");
     Key(Qt::Key_S);
-    EXPECT_EQ(State().substr(0, State().find("480")),
-              "new name.3dp[*] - Orbix clean\nNew Pattern\n" + file + "\nsaved\n");
-    EXPECT_EQ(Bytes(file), window.CurrentDocument().StoredBytes());
-    EXPECT_EQ(Autosaves(), 0);
+    EXPECT_EQ(State(), "new name.3dp[*] - Orbix clean: saved, 0 kept, in file");
+    const std::string saved = window.CurrentDocument().StoredBytes();
 
-    const std::string saved = Bytes(file);
     NextEditor(4, kBtnCancel);
     desk.Box("Current event data has been edited", "OK");
     Key(Qt::Key_E);
-    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(window.CurrentDocument().StoredBytes(), saved);
     NextEditor(4);
     Key(Qt::Key_E);
-    EXPECT_NE(Bytes(file), saved);
-    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(State(), "new name.3dp[*] - Orbix clean: saved, 0 kept, in file");
     Key(Qt::Key_Q);
     EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(StudioWindow, EditingARangeLeavesTheRestOfThePattern) {
-    PutBytes(desk / "a.3dp", WritePatternBytes(Positions(9)));
+    WriteFileCommitted(desk / "a.3dp", Stored(9));
     MainWindow bound(link, StudioOptions::Range{120, 480});
     std::string reason;
     ASSERT_TRUE(bound.Open(desk / "a.3dp", reason)) << reason;
@@ -134,29 +110,29 @@ TEST_F(StudioWindow, EditingARangeLeavesTheRestOfThePattern) {
     });
     bound.EditEvents();
     std::vector<std::uint32_t> ticks;
-    for (int i = 0; i < bound.CurrentDocument().Events().CountEvents(-1); ++i) {
-        ticks.push_back(bound.CurrentDocument().Events().EventAt(i).tick);
+    for (const _tagEvent3D& event : Table(bound.CurrentDocument().Events())) {
+        ticks.push_back(event.tick);
     }
     EXPECT_EQ(ticks, (std::vector<std::uint32_t>{0, 0, 240, 360, 480, 600, 720, 840, 960}));
-    EXPECT_EQ(Bytes(desk / "a.3dp"), bound.CurrentDocument().StoredBytes());
+    EXPECT_EQ(ReadWholeFile(desk / "a.3dp"), bound.CurrentDocument().StoredBytes());
 }
 
 TEST_F(StudioWindow, AFailedSaveKeepsTheWorkUntilItIsSavedOrGivenUp) {
     std::filesystem::create_directory(desk / "folder");
-    const std::string file = desk / "folder/a.3dp";
-    PutBytes(file, WritePatternBytes(Positions(4)));
-    Open(file);
+    const std::string reason =
+        Open("folder/a.3dp", 4) + ": cannot be written: No such file or directory";
     std::filesystem::remove_all(desk / "folder");
-    const std::string reason = file + ": cannot be written: No such file or directory";
     NextEditor(5);
-    desk.Box(reason, "Try Again").Box(reason, "Cancel");
+    desk.Next([this](QWidget& box) {
+        EXPECT_EQ(Autosaves().size(), 1U) << "kept while it asks";
+        ClickButton(box, "Try Again");
+    });
+    desk.Box(reason, "Cancel");
     Key(Qt::Key_E);
-    EXPECT_TRUE(window.isWindowModified());
-    EXPECT_EQ(Autosaves(), 1);
+    EXPECT_EQ(State(), "a.3dp[*] - Orbix modified: modified, not saved, 1 kept");
     desk.Box(reason, "Save As...").File(desk / "b.3dp");
     Key(Qt::Key_S);
-    EXPECT_EQ(window.CurrentDocument().File(), desk / "b.3dp");
-    EXPECT_EQ(Bytes(desk / "b.3dp"), window.CurrentDocument().StoredBytes());
+    EXPECT_EQ(State(), "b.3dp[*] - Orbix clean: saved, 0 kept, in file");
 
     NextEditor(6);
     std::filesystem::remove(desk / "b.3dp");
@@ -166,32 +142,39 @@ TEST_F(StudioWindow, AFailedSaveKeepsTheWorkUntilItIsSavedOrGivenUp) {
     desk.Box("has been modified", "Discard");
     Key(Qt::Key_Q);
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(Autosaves(), 0);
+    EXPECT_EQ(Autosaves().size(), 0U);
 }
 
 TEST_F(StudioWindow, AFileThatCannotBeOpenedLeavesTheDocument) {
-    PutBytes(desk / "a.3dp", WritePatternBytes(Positions(4)));
-    PutBytes(desk / "text.3dp", "no pattern at all");
-    Open(desk / "a.3dp");
-    const std::string before = State();
+    WriteFileCommitted(desk / "text.3dp", "no pattern at all");
+    Open("a.3dp", 4);
+    const std::string before = State() + window.CurrentDocument().StoredBytes();
     desk.Box("not a 3D pattern", "OK").Box("Is a directory", "OK").Box("Only one file", "OK");
-    Drop({desk / "text.3dp"});
-    Drop({desk.Folder().string()});
-    Drop({desk / "a.3dp", desk / "text.3dp"});
+    DropFiles(window, {desk / "text.3dp"});
+    DropFiles(window, {desk.Folder()});
+    DropFiles(window, {desk / "a.3dp", desk / "text.3dp"});
     desk.File("");
     Key(Qt::Key_O);
-    EXPECT_EQ(State(), before);
+    EXPECT_EQ(State() + window.CurrentDocument().StoredBytes(), before);
 }
 
 TEST_F(StudioWindow, CorrectionsAreToldInFullAndMarkTheDocumentModified) {
-    PutBytes(desk / "bad.3dp", WritePatternBytes(Positions(4, 7)));
-    desk.Box(
-        "bad.3dp was corrected while it was opened:\n\n"
-        "Index=1 : TimeSig. 99/4 out of range (Entry ignored)\n",
-        "OK");
-    Drop({desk / "bad.3dp"});
-    EXPECT_NE(State().find("modified, not saved; opening it took 7 corrections"),
-              std::string::npos);
+    WriteFileCommitted(desk / "bad.3dp", Stored(4, 7));
+    std::string text = "bad.3dp was corrected while it was opened:\n";
+    for (const char index : {'1', '2', '3', '4', '5'}) {
+        text += std::string("\nIndex=") + index + " : TimeSig. 99/4 out of range (Entry ignored)";
+    }
+    desk.Box(text + "\nand 2 more in the load report", "OK");
+    DropFiles(window, {desk / "bad.3dp"});
+    EXPECT_EQ(
+        State(),
+        "bad.3dp[*] - Orbix modified: modified, not saved; opening it took 7 corrections, 1 kept");
+    EXPECT_EQ(
+        Label("Name") + "|" + Label("Division") + "|" + Label("Events") + "|" + Label("Length"),
+        "Song|480 ticks a quarter note|"
+        "5 (ID 0: 1, ID 1: 1, ID 2: 1, ID 3: 1, time signatures: 1)|"
+        "360 ticks, last event at 1:1:360");
+    EXPECT_EQ(Label("File"), desk / "bad.3dp");
     const auto lines = window.findChild<QPlainTextEdit*>()->toPlainText();
     EXPECT_EQ(lines.count('\n'), 6);
     EXPECT_TRUE(lines.endsWith("Index=7 : TimeSig. 99/4 out of range (Entry ignored)"));
@@ -199,17 +182,14 @@ TEST_F(StudioWindow, CorrectionsAreToldInFullAndMarkTheDocumentModified) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), lines);
     desk.File(desk / "report.txt");
     ClickButton(window, "Save Report...");
-    EXPECT_EQ(Bytes(desk / "report.txt"), lines.toStdString() + "\n");
+    EXPECT_EQ(ReadWholeFile(desk / "report.txt"), lines.toStdString() + "\n");
 }
 
 TEST_F(StudioWindow, RecentFilesAndFoldersOutliveTheProgram) {
-    const std::string odd = desk / "odd & \xFF.3dp";
     for (int i = 0; i < 9; ++i) {
-        PutBytes(desk / (std::to_string(i) + ".3dp"), WritePatternBytes(Positions(i)));
-        Open(desk / (std::to_string(i) + ".3dp"));
+        Open(std::to_string(i) + ".3dp", i);
     }
-    PutBytes(odd, WritePatternBytes(Positions(1)));
-    Open(odd);
+    const std::string odd = Open("odd & \xFF.3dp", 1);
     window.close();
 
     MainWindow second(link);
@@ -222,16 +202,16 @@ TEST_F(StudioWindow, RecentFilesAndFoldersOutliveTheProgram) {
     EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::patterns),
               desk.Folder().string());
 
-    StudioSettings().NoteFolder(StudioSettings::Folder::csvLoad, "/load");
-    StudioSettings().NoteFolder(StudioSettings::Folder::csvSave, "/save");
+    using Folder = StudioSettings::Folder;
+    StudioSettings().NoteFolder(Folder::csvLoad, "/load");
+    StudioSettings().NoteFolder(Folder::csvSave, "/save");
     desk.Next([&](QWidget&) {
-        DialogDriver driver(*window.OpenDialog());
         EXPECT_EQ(window.OpenDialog()->GetInitialDirCsvLoad(), "/load");
         EXPECT_EQ(window.OpenDialog()->GetInitialDirCsvSave(), "/save");
-        driver.Click(kBtnCancel);
+        DialogDriver(*window.OpenDialog()).Click(kBtnCancel);
     });
     window.EditEvents();
-    EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::csvSave), "/save");
+    EXPECT_EQ(StudioSettings().LastFolder(Folder::csvSave), "/save");
     // One that is gone is told and forgotten.
     std::filesystem::remove(desk / "8.3dp");
     desk.Box("8.3dp: cannot be read: No such file", "OK");
@@ -243,8 +223,7 @@ TEST_F(StudioWindow, RecentFilesAndFoldersOutliveTheProgram) {
 }
 
 TEST_F(StudioWindow, ASnapshotOfTheEditorChangesNothingInIt) {
-    PutBytes(desk / "a.3dp", WritePatternBytes(Positions(6)));
-    Open(desk / "a.3dp");
+    Open("a.3dp", 6);
     HooksScope hooks;
     DWORD now = Hooks().tickCount();
     Hooks().tickCount = [&now] { return now; };
@@ -255,7 +234,7 @@ TEST_F(StudioWindow, ASnapshotOfTheEditorChangesNothingInIt) {
     desk.Next([&](QWidget&) {
         DialogDriver driver(*window.OpenDialog());
         tick();
-        EXPECT_EQ(Autosaves(), 0) << "nothing was changed yet";
+        EXPECT_EQ(Autosaves().size(), 0U) << "nothing was changed yet";
         driver.Click(kBtnAdd);
         driver.Click(kBtnAdd);
         driver.Click(kBtnUndo);
@@ -263,31 +242,29 @@ TEST_F(StudioWindow, ASnapshotOfTheEditorChangesNothingInIt) {
         driver.ClickRow(kListEvents, 4, Qt::ControlModifier);
         const auto state = [&] {
             return std::tuple(driver.RowTexts(kListEvents), driver.SelectedRows(kListEvents),
-                              driver.Text(kEditMeasure), driver.Text(kEditTick),
-                              driver.Enabled(kBtnUndo), driver.Enabled(kBtnRedo),
                               window.OpenDialog()->GetModified(), QApplication::focusWidget(),
-                              driver.Grab());
+                              driver.Grab());  // The fields and buttons too.
         };
         const auto before = state();
         tick();
         EXPECT_EQ(state(), before);
-        ASSERT_EQ(Autosaves(), 1);
-        const std::string work = FindFiles(desk.Folder() / "data", ".3dp").front();
+        ASSERT_EQ(Autosaves().size(), 1U);
+        const std::string work = Autosaves().front();
         std::string reason;
         EXPECT_EQ(Document::Open(work, reason)->Events().CountEvents(-1), 8) << reason;
 
         // Half-typed numbers are not read; the work waits for the focus to leave.
         driver.Click(kBtnAdd);
-        const std::string kept = Bytes(work);
+        const auto kept = ReadWholeFile(work);
         driver.Key(kEditMeasure, Qt::Key_Backspace);
         tick();
-        EXPECT_EQ(Bytes(work), kept);
+        EXPECT_EQ(ReadWholeFile(work), kept);
         driver.Click(kBtnAdd);
         tick();
-        EXPECT_NE(Bytes(work), kept);
+        EXPECT_NE(ReadWholeFile(work), kept);
         driver.Click(kBtnCancel);
     });
     desk.Box("Current event data has been edited", "OK");
     Key(Qt::Key_E);
-    EXPECT_EQ(Autosaves(), 0) << "the work was given up";
+    EXPECT_EQ(Autosaves().size(), 0U) << "the work was given up";
 }
