@@ -86,6 +86,9 @@ TEST(Autosave, RecoveryNamesBothVersionsAndDoesWhatWasChosen) {
     WriteFileCommitted(folder + "/x.3dp", "no pattern");
     desk.Box("Kept as " + folder + "/x.3dp.damaged", "OK");
     EXPECT_FALSE(offer(file));
+    Crash(folder, file, Stored(5));
+    desk.Box("Autosaved version: ", "Saved");
+    EXPECT_FALSE(offer(file)) << "that one is opened anyway";
     Crash(folder, "", Stored(1));
     desk.Box("never saved\n\nSaved version: none", "Discard Autosave");
     EXPECT_FALSE(offer(""));
