@@ -86,6 +86,7 @@ bool EnsureToolkit() {
     }
     toolkit::InstallHooks();
     toolkit::InstallVirtualItems();
+    toolkit::InstallComboNames();
     return true;
 }
 

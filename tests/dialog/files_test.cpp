@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QFileDialog>
-#include <csignal>
 
 #include "platform/files.h"
 #include "tests/dialog/editor.h"
+#include "tests/support/file_limit.h"
 
 namespace {
 
@@ -73,7 +72,6 @@ TEST(Files, LoadReplacesTheTableAndReportsBefore) {
 }
 
 TEST(Files, SaveWritesTheTableOrSaysWhyNot) {
-    signal(SIGXFSZ, SIG_IGN);
     const TemporaryFolder folder;
     const std::string song = kTake +
                              "0,1,1,0,1000,0,0\r\n2,1,2,0,1500,-90,30\r\n,2,1,0,,,,3_4\r\n"
@@ -92,12 +90,10 @@ TEST(Files, SaveWritesTheTableOrSaysWhyNot) {
         EXPECT_EQ(ReadWholeFile(folder / "take.csv"), song);
 
         WriteFileCommitted(folder / "take.csv", "old");
-        rlimit limit{}, small{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        small = {song.size() - 1, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-        EXPECT_TRUE(ByKey(editor, Qt::Key_S, "take"));
-        setrlimit(RLIMIT_FSIZE, &limit);
+        {
+            const FileLimit limit(song.size() - 1);
+            EXPECT_TRUE(ByKey(editor, Qt::Key_S, "take"));
+        }
 
         fs::permissions(folder / "take.csv", fs::perms(0444));
         ASSERT_EQ(seteuid(getuid() == 0 ? 65534 : getuid()), 0);

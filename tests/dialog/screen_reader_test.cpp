@@ -30,6 +30,25 @@ TEST(ScreenReader, RowsAreSentencesOfAllTheirColumns) {
     range.Run([&] { EXPECT_EQ(spoken(range, 1), "range end, measure 3, beat 3, tick 0"); });
 }
 
+TEST(ScreenReader, ComboBoxesHaveANameAndAValue) {
+    Editor editor(PatternOf(Song()));
+    editor.Run([&] {
+        editor.ChooseRow(kComboId, 2);
+        std::string told;
+        for (const int id : {kComboId, kComboZoom}) {
+            auto& combo = editor.driver->Widget(id);
+            auto* spoken = QAccessible::queryAccessibleInterface(&combo);
+            told += (spoken->text(QAccessible::Name) + "=" + spoken->text(QAccessible::Value) + ";")
+                        .toStdString();
+            spoken->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+            EXPECT_TRUE(spoken->state().expanded);
+            spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+            EXPECT_FALSE(spoken->state().expanded);
+        }
+        EXPECT_EQ(told, "3D ID=2;Zoom in metres=1.00;");
+    });
+}
+
 TEST(ScreenReader, ThePlanesAreListsOfDotsWithTheCurrentOneMarked) {
     Editor editor(PatternOf({TimeSig(0, 4, 4), Position(0, 0, 500), Position(2, 480, 1000)}));
     editor.Run([&] {

@@ -8,6 +8,7 @@
 #include "platform/hooks.h"
 #include "tests/event/event_builders.h"
 #include "tests/support/data.h"
+#include "tests/support/file_limit.h"
 
 namespace {
 
@@ -152,6 +153,13 @@ TEST(CsvSave, GivesTheCodes) {
     free += 0.5;
     EXPECT_EQ(store.SaveCsv("q:/no/such/folder.csv"), kErrorOpen);
     EXPECT_EQ(store.SaveCsv("A:/no/such/folder.csv"), kErrorDiskSpace);
+    fs::current_path(folder.Path());
+    EXPECT_EQ(store.SaveCsv("q:cut.csv"), 0);
+    {
+        const FileLimit limit(40);
+        EXPECT_EQ(store.SaveCsv("q:cut.csv"), kErrorAccess);
+    }
+    EXPECT_FALSE(fs::exists("q:cut.csv")) << "the half of a file is worse than none";
     C3DReport report;
     EXPECT_EQ(store.LoadCsv(folder / "none.csv", report), kErrorOpen);
     fs::create_directory(folder / "folder.csv");

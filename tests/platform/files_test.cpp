@@ -1,9 +1,6 @@
 #include "platform/files.h"
 
-#include <sys/resource.h>
-
-#include <csignal>
-
+#include "tests/support/file_limit.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -18,14 +15,8 @@ protected:
     /// Runs while no file may grow longer than 1000 bytes.
     template <typename Call>
     static auto WithFileLimit(const Call& call) {
-        signal(SIGXFSZ, SIG_IGN);
-        rlimit before{};
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit limit{1000, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        const auto result = call();
-        setrlimit(RLIMIT_FSIZE, &before);
-        return result;
+        const FileLimit limit(1000);
+        return call();
     }
 
     const TemporaryFolder folder_;

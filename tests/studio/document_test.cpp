@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 
 #include "params/pattern_form.h"
 #include "params/position_block.h"
@@ -11,6 +8,7 @@
 #include "platform/files.h"
 #include "studio/document.h"
 #include "tests/studio/desk.h"
+#include "tests/support/file_limit.h"
 
 // What a file must hold is tested where it is read; here, what is not even looked at.
 TEST(StudioDocument, OpenRefusesWhatIsNoFileAndKeepsTheWords) {
@@ -56,12 +54,10 @@ TEST(StudioDocument, AFailedSaveChangesNoFileAndKeepsTheDocumentModified) {
     expectRefused(desk / "locked.3dp", "Permission denied");
     ASSERT_TRUE(!isRoot || setresuid(0, 0, 0) == 0);
     expectRefused(desk / (std::string(253, 'x') + ".3dp"), "File name too long");
-    rlimit room{};
-    getrlimit(RLIMIT_FSIZE, &room);
-    const rlimit little{4096, room.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &little);
-    expectRefused(desk / "old.3dp", "File too large");
-    setrlimit(RLIMIT_FSIZE, &room);
+    {
+        const FileLimit limit(4096);
+        expectRefused(desk / "old.3dp", "File too large");
+    }
     for (const std::string& name : {std::string("old.3dp"), std::string("Größe und \n 音.3dp"),
                                     std::string("-x \xFF.3dp"), std::string(251, 'x') + ".3dp"}) {
         EXPECT_TRUE(document->Save(desk / name, reason)) << reason;
