@@ -4,9 +4,10 @@
 #include <array>
 
 #include "dialog/manager.h"
+#include "monkey/monkey.h"
+#include "platform/files.h"
 #include "platform/native.h"
 #include "platform/qt/widget_access.h"
-#include "tests/dialog/monkey.h"
 
 namespace {
 
@@ -80,6 +81,12 @@ void LoadPattern(MonkeyHands& hands) {
     hands.editor.dialog.Reset3DManagerByTool3DPattern(&pattern);
 }
 
+void LoadFile(MonkeyHands& hands) {
+    const TemporaryFolder folder;
+    WriteFileCommitted(folder / "any.csv", AnyTable(hands.random));
+    hands.editor.dialog.Load3DFile((folder / "any.csv").c_str());
+}
+
 void StorePattern(MonkeyHands& hands) {
     CQelCPB_3DPattern pattern;
     hands.editor.dialog.Update3DPatternForTool(&pattern);
@@ -121,7 +128,7 @@ constexpr Action kActions[] = {
 };
 // These throw away what was built up; one action in this many is one of them.
 constexpr int kRareOne = 150;
-constexpr void (*kRareActions[])(MonkeyHands&) = {LoadPattern, Close};
+constexpr void (*kRareActions[])(MonkeyHands&) = {LoadPattern, LoadFile, Close};
 
 }  // namespace
 
@@ -136,7 +143,7 @@ void ActAtRandom(MonkeyHands& hands) {
     kActions[choice(hands.random)].act(hands);
 }
 
-CQelCPB_3DPattern AnyPattern(std::mt19937& random) {
+std::string AnyTable(std::mt19937& random) {
     const auto any = [&random](unsigned count) { return std::to_string(random() % count); };
     std::string text = "Division," + std::to_string(12 + random() % 949) + "\r\n3D ID\r\n";
     for (auto line = random() % 60; line > 0; --line) {
@@ -146,9 +153,13 @@ CQelCPB_3DPattern AnyPattern(std::mt19937& random) {
                     : any(5) + "," + time + "," + any(14000) + "," + any(400) + "," + any(100);
         text += "\r\n";
     }
+    return text;
+}
+
+CQelCPB_3DPattern AnyPattern(std::mt19937& random) {
     C3DEventData store;
     C3DReport report;
-    store.LoadCsvText(text, report);
+    store.LoadCsvText(AnyTable(random), report);
     CQelCPB_3DPattern pattern;
     store.StoreToPattern(&pattern, "Monkey");
     return pattern;

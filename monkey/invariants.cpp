@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "dialog/manager.h"
-#include "tests/dialog/monkey.h"
+#include "monkey/monkey.h"
 #include "views/position_arithmetic.h"
 
 // An explicit instantiation may name a private member: the one way to the manager that leaves the

@@ -21,9 +21,11 @@ struct MonkeyHands {
     }
 };
 
-/// Does one random action. New commands of the editor join the list in monkey_actions.cpp.
+/// Does one random action. New commands of the editor join the list in actions.cpp.
 void ActAtRandom(MonkeyHands& hands);
-/// A random pattern by way of a random CSV text.
+/// The text of an event file, with lines that are put right, moved or left out.
+std::string AnyTable(std::mt19937& random);
+/// The pattern that a random table makes.
 CQelCPB_3DPattern AnyPattern(std::mt19937& random);
 
 /// The claim that does not hold, nothing when all do: table ordered, map and events in step, list,

@@ -1,4 +1,4 @@
-#include "tests/dialog/monkey.h"
+#include "monkey/monkey.h"
 
 #include <gtest/gtest.h>
 
