@@ -11,11 +11,16 @@
 
 // An explicit instantiation may name a private member: the one way to the manager that leaves the
 // dialog's class as it is.
+C3DManager& Reach(COrbixMainDlg& dialog);
 template <auto Member>
 struct Opened {
-    friend C3DManager& ManagerOf(COrbixMainDlg& dialog) { return dialog.*Member; }
+    friend C3DManager& Reach(COrbixMainDlg& dialog) { return dialog.*Member; }
 };
 template struct Opened<&COrbixMainDlg::manager_>;
+
+C3DManager& ManagerOf(COrbixMainDlg& dialog) {
+    return Reach(dialog);
+}
 
 namespace {
 
