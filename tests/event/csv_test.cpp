@@ -135,6 +135,17 @@ TEST(CsvLoad, AQuestionThatThrowsLeavesTheStore) {
     EXPECT_EQ(StateOf(store), before);
 }
 
+TEST(CsvSave, ARecordOnTheEdgeOfTheRangeIsAnEventAndStandsOnce) {
+    C3DEventData store(kRangeMode, 1440, 5280);
+    for (const auto& event : {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4),
+                              TimeSig(12000, 6, 8), Position(0, 2000)}) {
+        Add(store, event);
+    }
+    EXPECT_EQ(store.CsvText(), "Division,480\r\n" + std::string(kHeader) +
+                                   ",1,1,0,,,,3_4\r\n,2,1,0,,,,4_4\r\n0,2,2,80,1000,0,0\r\n"
+                                   ",4,1,0,,,,2_4\r\n,11,1,0,,,,6_8\r\n");
+}
+
 TEST(CsvSave, GivesTheCodes) {
     HooksScope scope;
     const TemporaryFolder folder;

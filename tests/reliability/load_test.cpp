@@ -8,6 +8,7 @@
 
 #include "bench/full_table.h"
 #include "params/pattern_form.h"
+#include "platform/files.h"
 #include "tests/dialog/editor.h"
 
 namespace {
@@ -100,6 +101,39 @@ TEST(Load, ATableAtItsLimitsTakesEveryCommand) {
     again.LoadFromPattern(ReadPatternBytes(WritePatternBytes(pattern), fault).get(), report);
     EXPECT_EQ(again.CsvText(), store.CsvText());
     EXPECT_TRUE(report.IsEmpty());
+}
+
+TEST(Load, AnEditorAtTheLimitsTakesEveryCommand) {
+    CQelCPB_3DPattern pattern;
+    StoreFullTable(pattern);
+    const TemporaryFolder folder;
+    WriteFileCommitted(folder / "full.csv", FullTable().CsvText());
+    Editor editor(pattern);
+    editor.boxes.Expect("Error: Over Event ID=(3) Count Limit", kErrorBox, IDOK)
+        .Expect("Error: Over Event ID=(3) Count Limit", kErrorBox, IDOK)
+        .Expect("Current event data will be replaced?", MB_OKCANCEL | MB_ICONQUESTION, IDOK);
+    editor.Run([&] {
+        editor.ClickRow(700);
+        const Lines full = editor.Rows();
+        ASSERT_EQ(full.size(), 1280U);
+        editor.ChooseRow(kComboId, 3);
+        editor.FillTime("1", "1", "5");
+        editor.Click(kBtnAdd);
+        editor.Click(kBtnUpdate);
+        EXPECT_EQ(editor.Rows(), full);
+        for (const int command : {kBtnDelete, kBtnUndo, kBtnRedo, kBtnUndo}) {
+            editor.Click(command);
+            EXPECT_EQ(editor.Rows().size(), command == kBtnUndo ? 1280U : 1279U);
+        }
+        EXPECT_EQ(editor.Rows(), full);
+        editor.Click(kChkIdAll);
+        editor.Click(kChkId1);
+        EXPECT_EQ(editor.Rows().size(), 1280U - 256U);
+        EXPECT_EQ(editor.dialog.Load3DFile((folder / "full.csv").c_str()), 1);
+        editor.Click(kChkIdAll);
+        editor.ClickRow(700);
+        EXPECT_EQ(editor.Rows(), full);
+    });
 }
 
 }  // namespace

@@ -187,6 +187,7 @@ TEST(SequenceTiming, Lengths) {
     EXPECT_EQ(sequence.GetFirstNoteTime(4, number), 9000U);
     EXPECT_EQ(number, 1U);
     EXPECT_EQ(sequence.GetFirstNoteTime(0), 10U);
+    EXPECT_EQ(SequenceOf(480, {"7 90 3C 40", "9 90 3C 40"}).GetFirstNoteTime(0), 7U);
     EXPECT_EQ(sequence.GetFirstNoteTime(3), kNoTime);
 }
 
