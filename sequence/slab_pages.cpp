@@ -40,7 +40,7 @@ void* SlabPages::Take() {
     }
 #ifdef MADV_POPULATE_WRITE
     // A system that is too old for it gives the pages one by one, when they are first written.
-    if ((m_new.end - m_new.begin) % kPopulated == 0)
+    if (static_cast<std::size_t>(m_new.end - m_new.begin) % kPopulated == 0)
         ::madvise(m_new.begin, kPopulated, MADV_POPULATE_WRITE);
 #endif
     return std::exchange(m_new.begin, m_new.begin + kEventSlab);

@@ -20,7 +20,8 @@ inline std::string Bytes(std::string_view pairs) {
 inline std::string Hex(std::string_view bytes) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     std::string pairs;
-    for (const unsigned char byte : bytes) {
+    for (const char each : bytes) {
+        const auto byte = static_cast<unsigned char>(each);
         pairs += pairs.empty() ? "" : " ";
         pairs += {kDigits[byte >> 4U], kDigits[byte & 15U]};
     }
