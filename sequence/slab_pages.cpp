@@ -9,21 +9,23 @@
 
 namespace {
 
-constexpr std::size_t kReserved = std::size_t{1} << 20;  // of addresses; no memory yet
+constexpr std::size_t kReserved = std::size_t{2} << 20;  // of addresses: one large page
 constexpr std::size_t kPopulated = 2 * kEventSlab;
 static_assert(kReserved % kPopulated == 0);
+// A process with a few songs does without large pages: it may need but the beginning of one.
+constexpr std::size_t kSmallSteps = 1;
 
-/// `kReserved` bytes at a multiple of `kEventSlab`, which the system alone does not promise.
+/// `kReserved` bytes at a multiple of that length, which the system alone does not promise.
 std::byte* Reserve() {
-    void* const range = ::mmap(nullptr, kReserved + kEventSlab, PROT_READ | PROT_WRITE,
-                               MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* const range =
+        ::mmap(nullptr, 2 * kReserved, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (range == MAP_FAILED)
         return nullptr;
     auto* const begin = static_cast<std::byte*>(range);
-    const std::size_t below = (0 - reinterpret_cast<std::uintptr_t>(begin)) % kEventSlab;
+    const std::size_t below = (0 - reinterpret_cast<std::uintptr_t>(begin)) % kReserved;
     if (below > 0)
         ::munmap(begin, below);
-    ::munmap(begin + below + kReserved, kEventSlab - below);
+    ::munmap(begin + below + kReserved, kReserved - below);
     return begin + below;
 }
 
@@ -37,6 +39,10 @@ void* SlabPages::Take() {
         if (!begin)
             return nullptr;
         m_new = {begin, begin + kReserved};
+#ifdef MADV_HUGEPAGE
+        if (++m_steps > kSmallSteps)
+            ::madvise(begin, kReserved, MADV_HUGEPAGE);
+#endif
     }
 #ifdef MADV_POPULATE_WRITE
     // A system that is too old for it gives the pages one by one, when they are first written.

@@ -3,7 +3,8 @@
 #include <cstddef>
 
 /// The slabs' memory, straight from the system: address space in large steps, and pages two slabs
-/// at a time, which costs half of a page fault each. A first read waits for little else.
+/// at a time, which costs half of a page fault each. Beyond the first step the system is asked for
+/// large pages; where it gives none, everything works the same, a little slower.
 ///
 /// Not safe for several threads at once.
 class SlabPages {
@@ -23,6 +24,7 @@ private:
 
     void ReleaseReturned();
 
-    Range m_new;       ///< not handed out yet
-    Range m_returned;  ///< not yet the system's again
+    std::size_t m_steps = 0;  ///< of address space so far
+    Range m_new;              ///< not handed out yet
+    Range m_returned;         ///< not yet the system's again
 };
