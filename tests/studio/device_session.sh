@@ -4,18 +4,24 @@
 #     device_session.sh STUDIO PATTERN
 set -euo pipefail
 
+# A display number of its own: the server of the script before may still be closing.
 if [ -z "${ORBIX_INNER:-}" ]; then
     export ORBIX_INNER=1
-    exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+    exec xvfb-run -a -n 140 -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
 
 studio=$1
 scratch=$(mktemp -d)
 started=()
+# The last first: a server that goes before its clients leaves its name in the registry of JACK, which
+# has room for eight, and each client its semaphore.
 finish() {
-    for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done
-    wait || true
-    rm -rf "$scratch"
+    local last
+    for ((last = ${#started[@]} - 1; last >= 0; --last)); do
+        kill "${started[last]}" 2>/dev/null || true
+        wait "${started[last]}" || true
+    done
+    rm -rf "$scratch" /dev/shm/jack*"$JACK_DEFAULT_SERVER"*
 }
 trap finish EXIT
 export XDG_RUNTIME_DIR=$scratch XDG_CONFIG_HOME=$scratch XDG_DATA_HOME=$scratch

@@ -5,9 +5,10 @@
 #     xvfb_files.sh STUDIO COMMAND_LINE PATTERN
 set -euo pipefail
 
+# A display number of its own: the server of the script before may still be closing.
 if [ -z "${ORBIX_INNER:-}" ]; then
     export ORBIX_INNER=1
-    exec timeout 100 xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+    exec timeout 100 xvfb-run -a -n 120 -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
 
 studio=$1
