@@ -195,7 +195,9 @@ TEST(Memory, AnEditorOpensWholeOrRaises) {
 bool WriteAndKill(const std::string& path, const std::string& text, int n) {
     const pid_t child = fork();
     if (child == 0) {
-        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
+            _exit(1);  // No leave to trace; stopped, it would wait for ever.
+        }
         raise(SIGSTOP);
         WriteFileCommitted(path, text);
         _exit(0);
