@@ -1,6 +1,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
 #include <utility>
 
 #include "event/csv_reader.h"
@@ -61,6 +62,11 @@ int C3DEventData::SaveCsv(const CString& path) const {
 int C3DEventData::LoadCsv(const CString& path, C3DReport& report) {
     if (!IsCsvPath(path)) {
         return kErrorExtension;
+    }
+    // A pipe without a writer would hold its reader for ever.
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(path, unknown)) {
+        return kErrorOpen;
     }
     const auto text = ReadWholeFile(path);
     return text ? LoadCsvText(*text, report) : kErrorOpen;

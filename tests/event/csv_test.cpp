@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <stdexcept>
@@ -175,5 +176,7 @@ TEST(CsvSave, GivesTheCodes) {
     EXPECT_EQ(store.LoadCsv(folder / "none.csv", report), kErrorOpen);
     fs::create_directory(folder / "folder.csv");
     EXPECT_EQ(store.LoadCsv(folder / "folder.csv", report), kErrorOpen);
+    ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), 0600), 0);
+    EXPECT_EQ(store.LoadCsv(folder / "pipe.csv", report), kErrorOpen);
     EXPECT_EQ(store.LoadCsv(folder / "table.txt", report), kErrorExtension);
 }
