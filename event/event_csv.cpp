@@ -1,7 +1,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <filesystem>
 #include <utility>
 
 #include "event/csv_reader.h"
@@ -63,9 +62,7 @@ int C3DEventData::LoadCsv(const CString& path, C3DReport& report) {
     if (!IsCsvPath(path)) {
         return kErrorExtension;
     }
-    // A pipe without a writer would hold its reader for ever.
-    std::error_code unknown;
-    if (!std::filesystem::is_regular_file(path, unknown)) {
+    if (KindOfPath(path) == PathKind::other) {
         return kErrorOpen;
     }
     const auto text = ReadWholeFile(path);

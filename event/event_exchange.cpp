@@ -5,7 +5,6 @@
 #include "event/event_store.h"
 #include "event/time_sig_list.h"
 #include "params/device_message.h"
-#include "params/pattern_block.h"
 #include "params/pattern_requests.h"
 #include "params/position_block.h"
 #include "platform/hooks.h"
@@ -17,27 +16,16 @@ namespace {
 constexpr std::uint32_t kPositionTick = 2800;
 constexpr std::size_t kPositionParameters = 7;
 
-std::uint32_t ToWire(int degrees) {
-    return static_cast<std::uint32_t>(WireFromDegrees(degrees));
-}
-
 // Wraps at 16 bits, as the field does.
 std::int16_t FromWire(int wire) {
     return static_cast<std::int16_t>(DegreesFromWire(wire));
-}
-
-// A parameter that can't be got reads as 0.
-std::uint32_t GetPatternValue(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector) {
-    st_paramValue record{selector, 0};
-    pattern.GetParam(id, &record, kSizeParamValue);
-    return record.value;
 }
 
 _tagEvent3D GetPositionEvent(const CQelCPB_3DPattern& pattern, int index) {
     std::uint32_t values[kPositionParameters];
     for (std::size_t i = 0; i < kPositionParameters; ++i) {
         values[i] =
-            GetPatternValue(pattern, kPatternPositionTick + static_cast<std::uint32_t>(i), index);
+            PatternValue(pattern, kPatternPositionTick + static_cast<std::uint32_t>(i), index);
     }
     _tagEvent3D event;
     event.tick = values[0];
@@ -49,8 +37,13 @@ _tagEvent3D GetPositionEvent(const CQelCPB_3DPattern& pattern, int index) {
 }
 
 std::unique_ptr<CQelCPB_3DPosition> MakePositionBlock(const _tagEvent3D& event) {
-    const std::uint32_t values[kPositionParameters] = {
-        event.tick, event.id, 0, 0, ToWire(event.azimuth), ToWire(event.elevation), event.distance};
+    const std::uint32_t values[kPositionParameters] = {event.tick,
+                                                       event.id,
+                                                       0,
+                                                       0,
+                                                       WireFromDegrees(event.azimuth),
+                                                       WireFromDegrees(event.elevation),
+                                                       event.distance};
     auto block = std::make_unique<CQelCPB_3DPosition>();
     for (std::size_t i = 0; i < kPositionParameters; ++i) {
         st_paramValue record{-1, values[i]};

@@ -3,22 +3,15 @@
 #include <cstdint>
 
 #include "params/pattern_requests.h"
-#include "params/value_forms.h"
 
 namespace {
 
-std::uint32_t ValueOf(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector) {
-    st_paramValue record{selector, 0, nullptr};
-    pattern.GetParam(id, &record, kSizeParamValue);
-    return record.value;
-}
-
 void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, bool inside,
                      CQelCPB_3DPattern& to) {
-    const auto count = static_cast<std::int32_t>(ValueOf(from, kPatternPositionCount, -1));
+    const auto count = static_cast<std::int32_t>(PatternValue(from, kPatternPositionCount));
     for (std::int32_t i = 0; i < count; ++i) {
         st_paramChild child{0, i, nullptr};
-        if (range.Admits(ValueOf(from, kPatternPositionTick, i)) != inside ||
+        if (range.Admits(PatternValue(from, kPatternPositionTick, i)) != inside ||
             !from.GetParam(kPatternPosition, &child, kSizeParamChild)) {
             continue;
         }

@@ -50,12 +50,6 @@ private:
     std::uint32_t tick_ = 0;
 };
 
-std::uint32_t ValueOf(const CQelCPB_3DPattern& pattern, std::uint32_t id, int selector = -1) {
-    st_paramValue record{selector, 0};
-    pattern.GetParam(id, &record, kSizeParamValue);
-    return record.value;
-}
-
 std::string PlaceText(const t_tSigRec& record) {
     return std::to_string(record.measure) + ":" + std::to_string(record.beat) + ":" +
            std::to_string(record.tick) + " " + std::to_string(record.numerator) + "/" +
@@ -66,7 +60,7 @@ std::string PlaceText(const t_tSigRec& record) {
 class PatternWriter {
 public:
     explicit PatternWriter(const CQelCPB_3DPattern& pattern)
-        : pattern_(pattern), division_(ValueOf(pattern, kPatternDivision)) {}
+        : pattern_(pattern), division_(PatternValue(pattern, kPatternDivision)) {}
 
     /// Words for what does not fit into a file, empty when all does.
     std::string Collect(std::uint32_t tempo) {
@@ -136,9 +130,9 @@ private:
     }
 
     void CollectPositions() {
-        const auto count = static_cast<int>(ValueOf(pattern_, kPatternPositionCount));
+        const auto count = static_cast<int>(PatternValue(pattern_, kPatternPositionCount));
         for (int i = 0; i < count; ++i) {
-            const auto value = [&](std::uint32_t id) { return ValueOf(pattern_, id, i); };
+            const auto value = [&](std::uint32_t id) { return PatternValue(pattern_, id, i); };
             const DeviceMessage message{
                 static_cast<std::uint8_t>(value(kPatternPositionId)),
                 value(kPatternPositionDistance),

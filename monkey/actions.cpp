@@ -76,6 +76,29 @@ void LetTimePass(MonkeyHands& hands) {
     hands.editor.driver->Settle();
 }
 
+// The text of an event file, with lines that are put right, moved or left out.
+std::string AnyTable(std::mt19937& random) {
+    const auto any = [&random](unsigned count) { return std::to_string(random() % count); };
+    std::string text = "Division," + std::to_string(12 + random() % 949) + "\r\n3D ID\r\n";
+    for (auto line = random() % 60; line > 0; --line) {
+        const std::string time = any(9) + "," + any(5) + "," + any(300);
+        text += random() % 8 == 0
+                    ? "," + time + ",,,," + any(70) + "_" + std::to_string(2U << random() % 5)
+                    : any(5) + "," + time + "," + any(14000) + "," + any(400) + "," + any(100);
+        text += "\r\n";
+    }
+    return text;
+}
+
+CQelCPB_3DPattern AnyPattern(std::mt19937& random) {
+    C3DEventData store;
+    C3DReport report;
+    store.LoadCsvText(AnyTable(random), report);
+    CQelCPB_3DPattern pattern;
+    store.StoreToPattern(&pattern, "Monkey");
+    return pattern;
+}
+
 void LoadPattern(MonkeyHands& hands) {
     CQelCPB_3DPattern pattern = AnyPattern(hands.random);
     hands.editor.dialog.Reset3DManagerByTool3DPattern(&pattern);
@@ -141,26 +164,4 @@ void ActAtRandom(MonkeyHands& hands) {
     std::ranges::transform(kActions, std::back_inserter(weights), &Action::weight);
     std::discrete_distribution<std::size_t> choice(weights.begin(), weights.end());
     kActions[choice(hands.random)].act(hands);
-}
-
-std::string AnyTable(std::mt19937& random) {
-    const auto any = [&random](unsigned count) { return std::to_string(random() % count); };
-    std::string text = "Division," + std::to_string(12 + random() % 949) + "\r\n3D ID\r\n";
-    for (auto line = random() % 60; line > 0; --line) {
-        const std::string time = any(9) + "," + any(5) + "," + any(300);
-        text += random() % 8 == 0
-                    ? "," + time + ",,,," + any(70) + "_" + std::to_string(2U << random() % 5)
-                    : any(5) + "," + time + "," + any(14000) + "," + any(400) + "," + any(100);
-        text += "\r\n";
-    }
-    return text;
-}
-
-CQelCPB_3DPattern AnyPattern(std::mt19937& random) {
-    C3DEventData store;
-    C3DReport report;
-    store.LoadCsvText(AnyTable(random), report);
-    CQelCPB_3DPattern pattern;
-    store.StoreToPattern(&pattern, "Monkey");
-    return pattern;
 }

@@ -23,10 +23,6 @@ struct MonkeyHands {
 
 /// Does one random action. New commands of the editor join the list in actions.cpp.
 void ActAtRandom(MonkeyHands& hands);
-/// The text of an event file, with lines that are put right, moved or left out.
-std::string AnyTable(std::mt19937& random);
-/// The pattern that a random table makes.
-CQelCPB_3DPattern AnyPattern(std::mt19937& random);
 
 /// The claim that does not hold, nothing when all do: table ordered, map and events in step, list,
 /// graph and fields show the table, undoing and redoing lead to the same tables again and again.

@@ -7,8 +7,8 @@
 #include <span>
 
 /// Azimuth and elevation as they travel, in steps of three degrees from -192.
-constexpr int WireFromDegrees(int degrees) {
-    return degrees / 3 + 64;
+constexpr std::uint32_t WireFromDegrees(int degrees) {
+    return static_cast<std::uint32_t>(degrees / 3 + 64);
 }
 constexpr int DegreesFromWire(int wire) {
     return (wire - 64) * 3;

@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::uint32_t kRequestDeviceMessage = 5;
 
-std::uint32_t WireForm(int degrees) {
-    return static_cast<std::uint32_t>(WireFromDegrees(degrees));
-}
-
 }  // namespace
 
 std::optional<std::string> DeviceMessageOf(const DevicePlacement& placement) {
@@ -22,8 +18,8 @@ std::optional<std::string> DeviceMessageOf(const DevicePlacement& placement) {
     } settings[] = {
         {2801, placement.id},
         {2806, placement.distance},
-        {2804, WireForm(placement.azimuth) & 0xFFFFU},
-        {2805, WireForm(placement.elevation) & 0xFFU},
+        {2804, WireFromDegrees(placement.azimuth) & 0xFFFFU},
+        {2805, WireFromDegrees(placement.elevation) & 0xFFU},
         {2800, 0},  // the tick does not travel
     };
     for (const auto& setting : settings) {

@@ -2,6 +2,9 @@
 
 #include <cstdint>
 
+#include "params/pattern_block.h"
+#include "params/value_forms.h"
+
 /// The numbers of the pattern's parameters (GetParam, SetParam, DoParam of CQelCPB_3DPattern) that
 /// its users ask for.
 inline constexpr std::uint32_t kPatternPosition = 2900;
@@ -17,3 +20,11 @@ inline constexpr std::uint32_t kPatternPositionDistance = 2910;
 inline constexpr std::uint32_t kPatternClearPositions = 2911;
 inline constexpr std::uint32_t kPatternDivision = 2913;
 inline constexpr std::uint32_t kPatternTimeSigs = 2914;
+
+/// A number of the pattern, or of its position event `selector`. 0 when it can't be got.
+inline std::uint32_t PatternValue(const CQelCPB_3DPattern& pattern, std::uint32_t id,
+                                  int selector = -1) {
+    st_paramValue record{selector, 0, nullptr};
+    pattern.GetParam(id, &record, kSizeParamValue);
+    return record.value;
+}

@@ -107,7 +107,8 @@ void CFileDialog::OnFileTypeChange(NMHDR* header, LRESULT* /*result*/) {
 bool CFileDialog::IsAccepted(const CString& path) const {
     const CString name = "\"" + NameOf(path) + "\"";
     const PathKind kind = KindOfPath(path);
-    if (kind == PathKind::file && (m_ofn.Flags & OFN_OVERWRITEPROMPT) != 0) {
+    if ((kind == PathKind::file || kind == PathKind::other) &&
+        (m_ofn.Flags & OFN_OVERWRITEPROMPT) != 0) {
         return AfxMessageBox(name + " is there already.\nReplace it?",
                              MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
     }

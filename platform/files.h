@@ -40,9 +40,10 @@ bool HasRoomForFile(const CString& path, std::size_t bytes);
 /// Removes a file; false when it could not be.
 bool DeleteFile(const CString& path);
 
-/// What stands at a path, links followed. What can't be looked at counts as nothing.
-enum class PathKind { none, file, folder };
-PathKind KindOfPath(const CString& path);
+/// What stands at a path, links followed. What can't be looked at counts as nothing; `other` is a
+/// pipe or a device, whose reader may wait for ever.
+enum class PathKind { none, file, folder, other };
+ORBIX_API PathKind KindOfPath(const CString& path);
 
 /// The most bytes of a path that the editor's file commands take.
 inline constexpr std::size_t kMaxPath = 260;

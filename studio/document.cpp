@@ -5,18 +5,10 @@
 
 #include "event/left_out.h"
 #include "params/pattern_form.h"
+#include "platform/files.h"
 #include "platform/hooks.h"
 
 namespace {
-
-// Folders explain themselves when they are read; devices and pipes might never come to an end.
-bool IsEndless(const std::string& file) {
-    std::error_code error;
-    const auto type = std::filesystem::status(file, error).type();
-    return !error && type != std::filesystem::file_type::regular &&
-           type != std::filesystem::file_type::directory &&
-           type != std::filesystem::file_type::not_found;
-}
 
 // The current folder moves with the editor's file dialogs.
 std::string Absolute(const std::string& file) {
@@ -41,7 +33,7 @@ Document::Document(std::unique_ptr<CQelCPB_3DPattern> pattern, std::string file)
 
 std::optional<Document> Document::Open(const std::string& file, std::string& reason,
                                        PatternFileFault* kind) {
-    if (IsEndless(file)) {
+    if (KindOfPath(file) == PathKind::other) {
         reason = file + ": cannot be read: not a plain file";
         if (kind != nullptr) {
             *kind = PatternFileFault::unreadable;

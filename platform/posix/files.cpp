@@ -179,7 +179,9 @@ PathKind KindOfPath(const CString& path) {
     if (!std::filesystem::exists(status)) {
         return PathKind::none;
     }
-    return std::filesystem::is_directory(status) ? PathKind::folder : PathKind::file;
+    return std::filesystem::is_directory(status)      ? PathKind::folder
+           : std::filesystem::is_regular_file(status) ? PathKind::file
+                                                      : PathKind::other;
 }
 
 std::optional<CString> CurrentFolder() {

@@ -27,8 +27,13 @@ public:
         state.expanded = combo_.view()->isVisible();
         return state;
     }
-    QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
-    void doAction(const QString& /*name*/) override {
+    QStringList actionNames() const override {
+        return QAccessibleWidget::actionNames() << showMenuAction() << pressAction();
+    }
+    void doAction(const QString& name) override {
+        if (name != showMenuAction() && name != pressAction()) {
+            return QAccessibleWidget::doAction(name);
+        }
         combo_.view()->isVisible() ? combo_.hidePopup() : combo_.showPopup();
     }
 

@@ -40,6 +40,8 @@ TEST(ScreenReader, ComboBoxesHaveANameAndAValue) {
             auto* spoken = QAccessible::queryAccessibleInterface(&combo);
             told += (spoken->text(QAccessible::Name) + "=" + spoken->text(QAccessible::Value) + ";")
                         .toStdString();
+            spoken->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+            EXPECT_TRUE(combo.hasFocus() && !spoken->state().expanded);
             spoken->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
             EXPECT_TRUE(spoken->state().expanded);
             spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
