@@ -1,10 +1,16 @@
-// memory_probe editor|template|empty: the process's resident memory in kB while the editor shows a
-// full table, while its template is shown with nothing behind it, or an empty dialog of the
-// toolkit.
+// memory_probe editor|template|plain|empty: the process's resident memory in kB while it shows the
+// editor with a full table, the editor's template with nothing behind it, a dialog of the toolkit's
+// own with one control of each common kind and as many rows, or an empty dialog of the toolkit.
 
 #include <unistd.h>
 
+#include <QComboBox>
 #include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
 #include <cstdio>
 #include <fstream>
 #include <string_view>
@@ -39,12 +45,30 @@ void ShowTemplate() {
     RunPainted(dialog, [](QWidget&) { PrintMemory(); });
 }
 
-void ShowEmptyDialog() {
-    QDialog dialog;
+void ShowBare(QDialog& dialog) {
     dialog.resize(659, 583);
     dialog.show();
     dialog.repaint();
     PrintMemory();
+}
+
+void ShowEmptyDialog() {
+    QDialog dialog;
+    ShowBare(dialog);
+}
+
+void ShowPlainControls() {
+    QDialog dialog;
+    auto* rows = new QTreeWidget;
+    for (int row = 0; row < 1280; ++row) {
+        rows->addTopLevelItem(new QTreeWidgetItem({"1:1:0"}));
+    }
+    auto* layout = new QVBoxLayout(&dialog);
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             new QLabel("Name"), new QPushButton("OK"), new QComboBox, new QLineEdit("0"), rows}) {
+        layout->addWidget(control);
+    }
+    ShowBare(dialog);
 }
 
 }  // namespace
@@ -56,6 +80,8 @@ int main(int argc, char** argv) {
         ShowEditor();
     } else if (what == "template") {
         ShowTemplate();
+    } else if (what == "plain") {
+        ShowPlainControls();
     } else {
         ShowEmptyDialog();
     }
