@@ -31,6 +31,14 @@ void MoveToMeasureStart(int index, t_MBT& mbt, C3DReport& report) {
                {index, old.measure, old.beat, old.tick, mbt.measure, mbt.beat, mbt.tick});
 }
 
+// Whether the tick reckoned for a measure is that of another one: it has no room in 32 bits. What
+// comes out before the last record needs no search for the measure that it hit.
+bool IsBeyondTicks(const C3DTimeSigMap& map, std::uint32_t measure, std::uint32_t tick) {
+    const std::vector<t_tSigMapRec>& records = map.Records();
+    const bool isBehind = !records.empty() && measure > records.back().measure;
+    return (isBehind && tick <= records.back().totalTick) || map.TickToMBT(tick).measure != measure;
+}
+
 int CheckTimeSig(int index, C3DTimeSigMap& map, _tagEvent3D& event, t_MBT& mbt, C3DReport& report) {
     if (!IsTimeSigFraction(event)) {
         report.Add(kTimeSigIgnored, {index, event.numerator, event.denominator});
@@ -38,6 +46,10 @@ int CheckTimeSig(int index, C3DTimeSigMap& map, _tagEvent3D& event, t_MBT& mbt, 
     }
     MoveToMeasureStart(index, mbt, report);
     event.tick = map.MBTToTick(mbt);
+    if (IsBeyondTicks(map, mbt.measure, event.tick)) {
+        report.Add(kMeasureIgnored, {index});
+        return kMeasureIgnored;
+    }
     if (map.AddTimeSig(event) != 0) {
         report.Add(kTimeSigDoubled, {index});
         return kTimeSigDoubled;
