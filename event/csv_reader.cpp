@@ -1,9 +1,13 @@
 #include "event/csv_reader.h"
 
+#include <algorithm>
+#include <functional>
+
 #include "event/csv_line.h"
 #include "event/event_check.h"
 #include "event/time_sig_list.h"
 #include "platform/hooks.h"
+#include "sequence/musical_time.h"
 
 namespace {
 
@@ -112,10 +116,28 @@ private:
         }
     }
 
+    // The records are searched from the last one back; once those behind a line's measure are gone,
+    // none has to be passed over, however many there are.
+    void ReckonTicks() {
+        std::vector<PositionLine*> latestFirst;
+        for (PositionLine& line : positions_) {
+            latestFirst.push_back(&line);
+        }
+        std::ranges::sort(latestFirst, std::ranges::greater(),
+                          [](const PositionLine* line) { return line->mbt.measure; });
+        std::vector<t_tSigMapRec> records = content_.map.Records();
+        for (PositionLine* line : latestFirst) {
+            while (!records.empty() && records.back().measure > line->mbt.measure) {
+                records.pop_back();
+            }
+            line->event.tick = MeasureToTick(line->mbt, content_.map.Division(), records);
+        }
+    }
+
     bool TakePositions() {
+        ReckonTicks();
         bool taken = false;
         for (PositionLine& line : positions_) {
-            line.event.tick = content_.map.MBTToTick(line.mbt);
             line.event.numerator = 0;
             line.event.denominator = 0;
             if (CheckEvent(line.index, range_, content_.map, line.event, line.mbt, report_) == 0) {

@@ -37,10 +37,12 @@ t_tSigMapRec C3DTimeSigMap::TimeSigAt(std::uint32_t tick) const {
 }
 
 int C3DTimeSigMap::FindTimeSigRec(const _tagEvent3D& event) const {
+    // Settled records rise, and a load may ask for a hundred thousand of them.
     const auto record =
-        std::find_if(records_.begin(), records_.end(),
-                     [&event](const t_tSigMapRec& each) { return each.totalTick == event.tick; });
-    return record == records_.end() ? -1 : static_cast<int>(record - records_.begin());
+        settled_ ? std::ranges::lower_bound(records_, event.tick, {}, &t_tSigMapRec::totalTick)
+                 : std::ranges::find(records_, event.tick, &t_tSigMapRec::totalTick);
+    const bool found = record != records_.end() && record->totalTick == event.tick;
+    return found ? static_cast<int>(record - records_.begin()) : -1;
 }
 
 int C3DTimeSigMap::AddTimeSig(const _tagEvent3D& event) {
