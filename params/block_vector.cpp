@@ -1,6 +1,7 @@
 #include "params/block_vector.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "sequence/byte_stream.h"
@@ -121,7 +122,8 @@ void CZurBlockVector::RemoveAll() {
 }
 
 std::vector<std::unique_ptr<CZurRawBlock>> CZurBlockVector::TakeAll() {
-    auto taken = std::exchange(children, {});
+    std::vector<std::unique_ptr<CZurRawBlock>> taken(std::make_move_iterator(children.begin()),
+                                                     std::make_move_iterator(children.end()));
     for (const auto& child : taken) {
         MarkListed(*child, false);
     }
@@ -133,6 +135,13 @@ void CZurBlockVector::CopyChildren(const CZurBlockVector& other) {
     SetLength(kCountSize);
     for (const auto& child : other.children) {
         AddChild(child->Clone(), -1);
+    }
+}
+
+void CZurBlockVector::MakeRoom(std::size_t count) {
+    const std::size_t needed = children.size() + count;
+    if (needed > children.capacity()) {
+        children.reserve(std::max(needed, 2 * children.size()));
     }
 }
 

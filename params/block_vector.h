@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -48,10 +49,14 @@ public:
     std::int32_t RemoveOccurrence(std::uint32_t id, std::int32_t occurrence);
     void RemoveAllOf(std::uint32_t id);
     void RemoveAll();
-    /// Hands all children to the caller and leaves none.
+    /// Hands all children to the caller and leaves none, but keeps their room.
     std::vector<std::unique_ptr<CZurRawBlock>> TakeAll();
     /// Appends a clone of each child of `other`; the length starts again at 4.
     void CopyChildren(const CZurBlockVector& other);
+
+protected:
+    /// Takes the memory for so many more children, so that adding them cannot fail half-way.
+    void MakeRoom(std::size_t count);
 
 private:
     /// Where the last search stopped: that many children of `id` stand before `position`. Events

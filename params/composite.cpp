@@ -262,6 +262,7 @@ bool CZurComposite::PutChild(st_paramChild* record) {
         return (byPosition || record->index != -1) &&
                FindChild(record->id, record->index) == record->block;
     }
+    MakeRoom(1);  // a put that fails must leave the block to its owner
     std::unique_ptr<CZurRawBlock> block(record->block);
     if (byPosition) {
         RemoveAt(record->index);

@@ -16,14 +16,10 @@ constexpr std::uint32_t kReservedSize = 24;
 constexpr std::uint32_t kNameSize = 17;
 constexpr std::uint32_t kDefaultDivision = 480;
 
-/// A list with 4/4 at the very start.
+/// A list with the default time signature, 4/4 at the very start.
 std::unique_ptr<CZurRawBlock> DefaultTimeSigList() {
     auto list = std::make_unique<CQelCPB_TimeSigList>(kTimeSigListBlock);
-    auto first =
-        std::make_unique<CQelCPB_TimeSig>(0U, t_MBT{1, 1, 0}, std::uint16_t{4}, std::uint16_t{4});
-    t_paramTimeSigEntryList entries(1);
-    entries.front().block = first.release();
-    list->SetParam(5702, &entries, kSizeTimeSigEntryList);
+    FillTimeSigList(*list, {t_tSigRec()});
     return list;
 }
 

@@ -213,21 +213,30 @@ bool SetTimeSigs(CZurComposite& pattern, const st_paramTimeSigRecords* record) {
     if (record == nullptr || record->records == nullptr || list == nullptr) {
         return false;
     }
-    st_paramValue held;
-    if (!list->GetParam(50, &held, kSizeParamValue) || held.reference == nullptr) {
-        return true;  // a list that holds nothing takes everything and keeps nothing
-    }
     try {
-        std::vector<std::unique_ptr<CQelCPB_TimeSig>> made;
-        for (const auto& timeSig : *record->records) {
-            made.push_back(EntryFrom(timeSig));
-        }
-        t_paramTimeSigEntryList entries(made.size());
-        for (std::size_t i = 0; i < made.size(); ++i) {
-            entries[i].block = made[i].release();
-        }
-        return list->SetParam(5702, &entries, kSizeTimeSigEntryList);
+        return FillTimeSigList(*list, *record->records);
     } catch (...) {
+        NoteSwallowedFailure();
         return false;
     }
+}
+
+bool FillTimeSigList(CQelCPB_TimeSigList& list, const std::vector<t_tSigRec>& records) {
+    st_paramValue held;
+    if (!list.GetParam(50, &held, kSizeParamValue) || held.reference == nullptr) {
+        return true;  // a list that holds nothing takes everything and keeps nothing
+    }
+    std::vector<std::unique_ptr<CQelCPB_TimeSig>> made;
+    t_paramTimeSigEntryList entries;
+    for (const t_tSigRec& record : records) {
+        made.push_back(EntryFrom(record));
+        entries.emplace_back().block = made.back().get();
+    }
+    if (!list.SetParam(5702, &entries, kSizeTimeSigEntryList)) {
+        return false;
+    }
+    for (auto& block : made) {
+        static_cast<void>(block.release());  // the list's from here on
+    }
+    return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "params/composite.h"
 #include "params/value_forms.h"
@@ -38,3 +39,5 @@ bool GetFraction(const CZurComposite& pattern, st_paramTimeSig* record);
 bool SetFraction(CZurComposite& pattern, const st_paramTimeSig* record);
 bool GetTimeSigs(const CZurComposite& pattern, const st_paramTimeSigRecords* record);
 bool SetTimeSigs(CZurComposite& pattern, const st_paramTimeSigRecords* record);
+/// Replaces the entries of a list. Raises `std::bad_alloc` and changes nothing without memory.
+bool FillTimeSigList(CQelCPB_TimeSigList& list, const std::vector<t_tSigRec>& records);

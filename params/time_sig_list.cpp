@@ -1,6 +1,5 @@
 #include <unordered_set>
 #include <utility>
-#include <vector>
 
 #include "params/param_block.h"
 #include "params/time_sig_blocks.h"
@@ -143,34 +142,28 @@ bool CQelComposite_TimeSigList::SetEntries(const t_paramTimeSigEntryList* list) 
     if (list == nullptr) {
         return false;
     }
-    // Each block can be owned but once, and those that a get lent may come back: they must
-    // outlive the old list.
+    // Each block can be owned but once, and those that a get lent may come back.
     std::unordered_set<const CZurRawBlock*> given;
-    std::vector<CQelCPB_TimeSig*> blocks;
     for (const auto& entry : *list) {
-        if (entry.block != nullptr && given.insert(entry.block).second) {
-            blocks.push_back(entry.block);
+        if (entry.block != nullptr) {
+            given.insert(entry.block);
         }
     }
-    std::vector<std::unique_ptr<CZurRawBlock>> incoming;
-    incoming.reserve(blocks.size());
+    MakeRoom(given.size());
+    // Nothing raises once the children are taken, so that no block is left without an owner.
     auto old = TakeAll();
     for (auto& block : old) {
         if (given.contains(block.get())) {
             static_cast<void>(block.release());
-        }
-    }
-    for (auto* block : blocks) {
-        incoming.emplace_back(block);
-        GiveIdentifier(*block);
-    }
-    for (auto& block : old) {
-        if (block != nullptr && block->GetID() != kEntry) {
+        } else if (block->GetID() != kEntry) {
             AddChild(std::move(block), -1);
         }
     }
-    for (auto& block : incoming) {
-        AddChild(std::move(block), -1);
+    for (const auto& entry : *list) {
+        if (given.erase(entry.block) != 0) {
+            GiveIdentifier(*entry.block);
+            AddChild(std::unique_ptr<CZurRawBlock>(entry.block), -1);
+        }
     }
     return true;
 }

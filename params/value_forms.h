@@ -47,8 +47,8 @@ struct st_paramBytes {
     std::uint32_t count = 0;
 };
 
-/// A child block: occurrence number `index` among those with `id`. Borrowed on a get; a set
-/// passes ownership.
+/// A child block: occurrence number `index` among those with `id`. Borrowed on a get; a set passes
+/// ownership, unless it gives false or raises.
 struct st_paramChild {
     std::uint32_t id = 0;
     std::int32_t index = -1;
@@ -90,7 +90,7 @@ struct st_paramName {
 };
 
 /// An entry of the time-signature list. Gets leave the three time words alone: the time of an
-/// entry is read from its block. Borrowed on a get; a set passes ownership.
+/// entry is read from its block. Ownership as of a child block.
 struct st_paramTimeSigEntry {
     std::int32_t index = -1;
     std::uint32_t measure = 1;
