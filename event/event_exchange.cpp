@@ -120,6 +120,7 @@ void C3DEventData::StoreToPattern(CQelCPB_3DPattern* pattern, std::string_view n
     if (pattern == nullptr) {
         return;
     }
+    const std::uint32_t failures = SwallowedFailures();
     st_paramName nameRecord(name);
     pattern->SetParam(kPatternName, &nameRecord, kSizeParamName);
     pattern->DoParam(kPatternClearPositions, nullptr, 0);
@@ -131,6 +132,7 @@ void C3DEventData::StoreToPattern(CQelCPB_3DPattern* pattern, std::string_view n
     std::vector<t_tSigRec> timeSigs = range_.IsBound() ? toolTimeSigs_ : PatternTimeSigs();
     st_paramTimeSigRecords reference{&timeSigs};
     pattern->SetParam(kPatternTimeSigs, &reference, kSizeReference);
+    RaiseFailuresSince(failures);
 }
 
 void C3DEventData::StorePositions(CQelCPB_3DPattern& pattern) const {

@@ -120,7 +120,8 @@ public:
     /// data (in free mode: any remarks), else 0.
     int LoadFromPattern(CQelCPB_3DPattern* pattern, C3DReport& report);
     /// Writes name and position events into a pattern, in free mode division and time signatures
-    /// too; in range mode it gets back those that it came with. Null does nothing.
+    /// too; in range mode it gets back those that it came with. Null does nothing. Raises
+    /// std::bad_alloc without memory: the pattern then has only part of the table.
     void StoreToPattern(CQelCPB_3DPattern* pattern, std::string_view name) const;
 
 private:

@@ -8,6 +8,7 @@ namespace {
 
 void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, bool inside,
                      CQelCPB_3DPattern& to) {
+    const std::uint32_t failures = SwallowedFailures();
     const auto count = static_cast<std::int32_t>(PatternValue(from, kPatternPositionCount));
     for (std::int32_t i = 0; i < count; ++i) {
         st_paramChild child{0, i, nullptr};
@@ -21,12 +22,15 @@ void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, boo
             static_cast<void>(copy.release());
         }
     }
+    RaiseFailuresSince(failures);
 }
 
 }  // namespace
 
 CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern, const EventRange& range) {
+    const std::uint32_t failures = SwallowedFailures();
     CQelCPB_3DPattern kept(pattern);
+    RaiseFailuresSince(failures);
     kept.DoParam(kPatternClearPositions, nullptr, 0);
     AppendPositions(pattern, range, true, kept);
     return kept;

@@ -6,7 +6,7 @@
 
 /// A pattern parted by a range of ticks. An editor in range mode leaves out what lies outside, so a
 /// host that keeps the whole gives it the inside and puts the outside back into the result. Any
-/// thread.
+/// thread. Both raise std::bad_alloc without memory, rather than lose an event.
 
 /// A copy of the pattern with only those position events that the range admits.
 ORBIX_API CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern,

@@ -1,5 +1,7 @@
 #include "params/block.h"
 
+#include <new>
+
 #include "sequence/byte_stream.h"
 
 namespace {
@@ -10,6 +12,12 @@ thread_local std::uint32_t swallowedFailures = 0;
 
 std::uint32_t SwallowedFailures() {
     return swallowedFailures;
+}
+
+void RaiseFailuresSince(std::uint32_t before) {
+    if (swallowedFailures != before) {
+        throw std::bad_alloc();
+    }
 }
 
 void NoteSwallowedFailure() {

@@ -238,9 +238,10 @@ std::unique_ptr<CQelCPB_3DPattern> ReadPatternBytes(std::string_view bytes, Patt
     auto pattern = std::make_unique<CQelCPB_3DPattern>();
     const bool isCopied = stream.good();
     pattern->Read(&stream, true);  // empties the new pattern first
-    if (!isCopied || SwallowedFailures() != failures) {
+    if (!isCopied) {
         throw std::bad_alloc();
     }
+    RaiseFailuresSince(failures);
     return pattern;
 }
 

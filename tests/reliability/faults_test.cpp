@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -27,6 +28,8 @@ namespace {
 long allocationsLeft = -1;  // below 0: memory does not run out
 
 bool ranOut = false;
+
+std::atomic<long> blocksHeld = 0;
 
 // The toolkit does not outlive a failure of its own, so those of its libraries are not counted.
 bool IsOfToolkit(void* caller) {
@@ -70,16 +73,19 @@ extern "C" int __lsan_is_turned_off() {
 
 void* operator new(std::size_t size) {
     void* const block = RunsOut(__builtin_return_address(0)) ? nullptr : std::malloc(size);
-    return block != nullptr ? block : throw std::bad_alloc();
+    return block != nullptr ? (++blocksHeld, block) : throw std::bad_alloc();
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return RunsOut(__builtin_return_address(0)) ? nullptr : std::malloc(size);
+    void* const block = RunsOut(__builtin_return_address(0)) ? nullptr : std::malloc(size);
+    blocksHeld += block != nullptr ? 1 : 0;
+    return block;
 }
 void operator delete(void* block) noexcept {
+    blocksHeld -= block != nullptr ? 1 : 0;
     std::free(block);  // NOLINT: this is the allocator
 }
 void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);  // NOLINT: this is the allocator
+    operator delete(block);
 }
 
 namespace {
@@ -153,6 +159,25 @@ TEST(Memory, ALoadIsWholeOrLeavesTheTable) {
     C3DReport report;
     ExpectWholeOrUntouched([&](C3DEventData& store) { store.LoadCsvText(text, report); });
     ExpectWholeOrUntouched([&](C3DEventData& store) { store.LoadFromPattern(&pattern, report); });
+}
+
+TEST(Memory, ATableIsStoredWholeOrRaisesAndNothingIsLeftBehind) {
+    SCOPED_TRACE("stored");  // so that the list of traces has grown before blocks are counted
+    C3DEventData store;
+    for (const _tagEvent3D& event : Song()) {
+        Add(store, event);
+    }
+    CQelCPB_3DPattern pattern;
+    store.StoreToPattern(&pattern, "Song");
+    const std::string bytes = WritePatternBytes(pattern);
+    const long held = blocksHeld;
+    EXPECT_GT(WithEachAllocationFailing([&] {
+                  store.StoreToPattern(&pattern, "Song");
+                  FailingAllocation::Lift();
+                  EXPECT_EQ(WritePatternBytes(pattern), bytes);
+              }),
+              30);
+    EXPECT_EQ(blocksHeld, held);
 }
 
 /// An editor whose n-th allocation fails while it sets itself up.
