@@ -102,8 +102,8 @@ public:
     /// the range frame the table.
     CString CsvText() const;
     /// Writes the CSV text in place. Nothing is written for an empty table. kErrorExtension,
-    /// kErrorDiskSpace (the file that stands there is untouched), kErrorOpen, kErrorAccess (the
-    /// file is gone).
+    /// kErrorDiskSpace (the file that stands there is untouched), kErrorOpen (also for a pipe or
+    /// a device), kErrorAccess (the file is gone).
     int SaveCsv(const CString& path) const;
     /// Replaces the table by that of a CSV file and leaves an empty history; division and time
     /// signatures are taken over in free mode only. Asks for the division when the file doesn't

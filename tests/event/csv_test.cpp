@@ -33,6 +33,16 @@ void Answer(const std::string& answer) {
     };
 }
 
+// A store that holds to a range under four time signatures.
+C3DEventData RangeStore(std::uint32_t start, std::uint32_t end) {
+    C3DEventData store(kRangeMode, start, end);
+    for (const auto& event : {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4),
+                              TimeSig(12000, 6, 8), Position(0, 2000)}) {
+        Add(store, event);
+    }
+    return store;
+}
+
 }  // namespace
 
 // In each folder in.csv is loaded into a store that holds something else, with `answer` for the
@@ -107,11 +117,7 @@ TEST(CsvLoad, DropsWhatIsOverTheLimitAndSaysSoOnce) {
 }
 
 TEST(CsvLoad, RangeModeKeepsDivisionAndTimeSignatures) {
-    C3DEventData store(kRangeMode, 1920, 9000);
-    for (const auto& event : {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4),
-                              TimeSig(12000, 6, 8), Position(0, 2000)}) {
-        Add(store, event);
-    }
+    C3DEventData store = RangeStore(1920, 9000);
     const std::vector<t_tSigMapRec> map = Map(store);
     C3DReport report;
     // By the file measure 2 is at tick 3840, which the store reads as another place.
@@ -137,11 +143,7 @@ TEST(CsvLoad, AQuestionThatThrowsLeavesTheStore) {
 }
 
 TEST(CsvSave, ARecordOnTheEdgeOfTheRangeIsAnEventAndStandsOnce) {
-    C3DEventData store(kRangeMode, 1440, 5280);
-    for (const auto& event : {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4),
-                              TimeSig(12000, 6, 8), Position(0, 2000)}) {
-        Add(store, event);
-    }
+    const C3DEventData store = RangeStore(1440, 5280);
     EXPECT_EQ(store.CsvText(), "Division,480\r\n" + std::string(kHeader) +
                                    ",1,1,0,,,,3_4\r\n,2,1,0,,,,4_4\r\n0,2,2,80,1000,0,0\r\n"
                                    ",4,1,0,,,,2_4\r\n,11,1,0,,,,6_8\r\n");
@@ -178,5 +180,6 @@ TEST(CsvSave, GivesTheCodes) {
     EXPECT_EQ(store.LoadCsv(folder / "folder.csv", report), kErrorOpen);
     ASSERT_EQ(mkfifo((folder / "pipe.csv").c_str(), 0600), 0);
     EXPECT_EQ(store.LoadCsv(folder / "pipe.csv", report), kErrorOpen);
+    EXPECT_EQ(store.SaveCsv(folder / "pipe.csv"), kErrorOpen);
     EXPECT_EQ(store.LoadCsv(folder / "table.txt", report), kErrorExtension);
 }
