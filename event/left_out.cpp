@@ -8,12 +8,6 @@
 
 namespace {
 
-std::uint32_t PositionCount(const CQelCPB_3DPattern& pattern) {
-    st_paramValue record;
-    pattern.GetParam(kPatternPositionCount, &record, kSizeParamValue);
-    return record.value;
-}
-
 std::size_t TimeSigCount(const CQelCPB_3DPattern& pattern) {
     std::vector<t_tSigRec> records;
     st_paramTimeSigRecords reference{&records};
@@ -36,7 +30,8 @@ void AddLeftOutOfPattern(const CQelCPB_3DPattern& pattern, const C3DEventData& s
     const auto told = std::count_if(lines.begin(), lines.end(), [](const CString& line) {
         return line.ends_with("(Entry ignored)");
     });
-    const auto given = static_cast<std::ptrdiff_t>(PositionCount(pattern) + TimeSigCount(pattern));
+    const std::uint32_t positions = PatternValue(pattern, kPatternPositionCount);
+    const auto given = static_cast<std::ptrdiff_t>(positions + TimeSigCount(pattern));
     AddLeftOut(report, given - store.CountEvents(-1) - told);
 }
 
