@@ -1,7 +1,13 @@
+#include <array>
+
 #include "tests/views/graph_fixture.h"
 #include "tests/views/table.h"
 
 namespace {
+
+// Taken before any test sets them.
+const std::array kReversedAtFirst = {C3DGraph::s_nXReverse, C3DGraph::s_nYReverse,
+                                     C3DGraph::s_nZReverse};
 
 TEST_F(GraphTest, TakesPositionEventsOfFourIdsOnly) {
     Add(3, 1000, 90);
@@ -23,6 +29,7 @@ TEST_F(GraphTest, ProjectsTowardZeroAndUnprojectsOnePixelOff) {
         result << pixel.x << " " << pixel.y << " " << backH << " " << backV << " ";
         return result.str();
     });
+    EXPECT_EQ(kReversedAtFirst, (std::array{0, 0, 0}));
     C3DGraph blank;  // Neither a place nor a zoom yet.
     EXPECT_EQ(blank.Project(0, 1000, -1000), (POINT{-(1 << 29), -(1 << 29)}));
     EXPECT_EQ(blank.Project(1, 0, 0), (POINT{0, 0}));

@@ -36,7 +36,8 @@ TEST(PosConverter, CartesianToSphericalHoldsWhatLiesBeyond) {
         double x = 0, y = 0, z = 0, distance = 0, azimuth = 0, elevation = 0;
         int limit = 0;
         row >> x >> y >> z >> limit;
-        EditorLimits().CartesianToSpherical(x, y, z, distance, azimuth, elevation, limit);
+        EXPECT_EQ(EditorLimits().CartesianToSpherical(x, y, z, distance, azimuth, elevation, limit),
+                  1);
         std::ostringstream result;
         for (const double value : {distance, azimuth, elevation, x, y, z}) {
             result << std::round(value * 1000) / 1000 << " ";
@@ -48,7 +49,7 @@ TEST(PosConverter, CartesianToSphericalHoldsWhatLiesBeyond) {
 TEST(PosConverter, SphericalToCartesianHoldsEachAxisAndScales) {
     C3DPosConverter converter = EditorLimits();
     double x = 0, y = 0, z = 0;
-    converter.SphericalToCartesian(20000, -45, 0, x, y, z);
+    EXPECT_EQ(converter.SphericalToCartesian(20000, -45, 0, x, y, z), 1);
     EXPECT_EQ(std::pair(x, z), std::pair(-12750.0, 12750.0));
     converter.SetCartesianRange(-25500.0, 25500.0);  // Two Cartesian units a millimetre.
     converter.SphericalToCartesian(1000, 0, 90, x, y, z);
