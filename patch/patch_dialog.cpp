@@ -93,55 +93,57 @@ bool CQel_3DPatchDialog::HasPendingText() const {
            Text(kPatchRow) != HexText(RowBytes(row_));
 }
 
-// The row comes first: a new length may take it away.
+// All of it or nothing.
 bool CQel_3DPatchDialog::ApplyFields() {
-    const bool applied = ApplyRow() && ApplyIdentifier() && ApplyLength();
-    if (applied) {
-        ShowAll();
+    const auto bytes = TypedRow();
+    const auto id = bytes ? TypedIdentifier() : std::nullopt;
+    const auto length = id ? TypedLength() : std::nullopt;
+    if (!length) {
+        return false;
     }
-    return applied;
-}
-
-bool CQel_3DPatchDialog::ApplyIdentifier() {
-    const std::optional<std::uint32_t> id = ParseNumber(Text(kPatchIdentifier));
-    if (!id) {
-        return Refuse(kPatchIdentifier,
-                      "Error: Identifier expected from 0 to 4294967295, or 0x and hex digits");
-    }
-    edit_.SetIdentifier(*id);
-    return true;
-}
-
-bool CQel_3DPatchDialog::ApplyLength() {
-    const std::optional<std::uint32_t> length = ParseNumber(Text(kPatchLength));
-    // A host's block above the limit is no fault of the user's.
-    const bool isNew = !length || *length != edit_.Bytes().size();
-    if (isNew && (!length || *length > PatchEdit::kMaxLength)) {
-        return Refuse(kPatchLength,
-                      "Error: Length expected from 0 to " + std::to_string(PatchEdit::kMaxLength));
-    }
-    edit_.Resize(*length);
-    return true;
-}
-
-bool CQel_3DPatchDialog::ApplyRow() {
-    const std::size_t expected = RowBytes(row_).size();
-    const auto bytes = ParseHex(Text(kPatchRow));
-    if (!bytes || bytes->size() != expected) {
-        return Refuse(kPatchRow, "Error: Row expected as " + CountText(expected) +
-                                     " of two hex digits" +
-                                     (bytes ? ", found " + CountText(bytes->size()) : ""));
-    }
-    if (expected > 0) {
+    if (row_ >= 0) {  // First, since a new length may take the row away.
         edit_.Overwrite(static_cast<std::size_t>(row_) * kRowBytes, *bytes);
     }
+    edit_.SetIdentifier(*id);
+    edit_.Resize(*length);
+    ShowAll();
     return true;
 }
 
-bool CQel_3DPatchDialog::Refuse(int control, const CString& words) const {
+std::optional<std::uint32_t> CQel_3DPatchDialog::TypedIdentifier() const {
+    const std::optional<std::uint32_t> id = ParseNumber(Text(kPatchIdentifier));
+    if (!id) {
+        Refuse(kPatchIdentifier,
+               "Error: Identifier expected from 0 to 4294967295, or 0x and hex digits");
+    }
+    return id;
+}
+
+std::optional<std::uint32_t> CQel_3DPatchDialog::TypedLength() const {
+    const std::optional<std::uint32_t> length = ParseNumber(Text(kPatchLength));
+    // A host's block above the limit is no fault of the user's.
+    if (length && (*length == edit_.Bytes().size() || *length <= PatchEdit::kMaxLength)) {
+        return length;
+    }
+    Refuse(kPatchLength,
+           "Error: Length expected from 0 to " + std::to_string(PatchEdit::kMaxLength));
+    return std::nullopt;
+}
+
+std::optional<std::vector<std::uint8_t>> CQel_3DPatchDialog::TypedRow() const {
+    const std::size_t expected = RowBytes(row_).size();
+    const auto bytes = ParseHex(Text(kPatchRow));
+    if (bytes && bytes->size() == expected) {
+        return bytes;
+    }
+    Refuse(kPatchRow, "Error: Row expected as " + CountText(expected) + " of two hex digits" +
+                          (bytes ? ", found " + CountText(bytes->size()) : ""));
+    return std::nullopt;
+}
+
+void CQel_3DPatchDialog::Refuse(int control, const CString& words) const {
     AfxMessageBox(words, MB_OK | MB_ICONERROR);
     GetDlgItem(control)->SetFocus();
-    return false;
 }
 
 // --- commands ------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "params/param_block.h"
@@ -59,10 +60,11 @@ private:
     bool IsFieldFocused() const;
     bool HasPendingText() const;
     bool ApplyFields();
-    bool ApplyIdentifier();
-    bool ApplyLength();
-    bool ApplyRow();
-    bool Refuse(int control, const CString& words) const;
+    /// What the fields say; nothing, after a message, when one makes no sense.
+    std::optional<std::vector<std::uint8_t>> TypedRow() const;
+    std::optional<std::uint32_t> TypedIdentifier() const;
+    std::optional<std::uint32_t> TypedLength() const;
+    void Refuse(int control, const CString& words) const;
 
     void ShowAll();
     void ShowTable();
