@@ -176,7 +176,7 @@ public:
 
     /// Whether a dot is being dragged; commands stand still meanwhile.
     bool IsDragging() const { return m_nDragging == 1; }
-    /// Selects and takes hold of the dot under the pixel.
+    /// Selects and takes hold of the dot under the pixel; nothing while one is being dragged.
     void OnMouseDown(CWnd* dialog, int x, int y);
     /// Moves the held dot; the first move after the press starts the drag and takes the capture.
     void OnMouseDrag(CWnd* dialog, CDC* dc, int x, int y);

@@ -7,7 +7,7 @@ void C3DGraph::OnMouseDown(CWnd* /*dialog*/, int x, int y) {
     int plane = -1;
     int id = -1;
     int index = -1;
-    if (!FindPoint(x, y, plane, id, index)) {
+    if (IsDragging() || !FindPoint(x, y, plane, id, index)) {
         return;
     }
     m_nDragPlane = plane;
