@@ -34,6 +34,19 @@ C3DManager::C3DManager(COrbixMainDlg* dialog, int mode, std::uint32_t rangeStart
 
 C3DManager::~C3DManager() = default;
 
+int C3DManager::LoadFromPattern(CQelCPB_3DPattern* pattern, C3DReport& report) {
+    view_.clear();  // Before, since the load shows its report itself.
+    return store_.LoadFromPattern(pattern, report);
+}
+
+int C3DManager::LoadCsv(const CString& path, C3DReport& report) {
+    const int code = store_.LoadCsv(path, report);
+    if (code == 0) {
+        view_.clear();
+    }
+    return code;
+}
+
 int C3DManager::RowState(std::int32_t currentUid, const _tagEvent3D& event) const {
     const bool isCurrent = event.uid == currentUid;
     switch (event.type) {

@@ -34,6 +34,14 @@ public:
     const C3DGraph& Graph() const { return graph_; }
     bool IsRangeMode() const { return store_.Mode() == kRangeMode; }
 
+    // --- another table ---
+
+    /// The store's operations of these names. They leave no event in view when they take a table,
+    /// since the view holds indices into the one that went; the caller runs RebuildView, once the
+    /// report has been shown.
+    int LoadFromPattern(CQelCPB_3DPattern* pattern, C3DReport& report);
+    int LoadCsv(const CString& path, C3DReport& report);
+
     // --- commands (manager_commands.cpp) ---
 
     /// Takes the event into the table and makes it current. 0 or an error code, nothing changed.

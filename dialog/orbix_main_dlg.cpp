@@ -161,7 +161,7 @@ int COrbixMainDlg::DoModal() {
 }
 
 void COrbixMainDlg::LoadPattern(CQelCPB_3DPattern* pattern) {
-    SetModified(manager_.Store().LoadFromPattern(pattern, report_) == 1);
+    SetModified(manager_.LoadFromPattern(pattern, report_) == 1);
 }
 
 std::optional<CString> COrbixMainDlg::NameInPattern() const {
@@ -196,7 +196,7 @@ void COrbixMainDlg::SetModified(bool modified) {
 void COrbixMainDlg::Reset3DManagerByTool3DPattern(CQelCPB_3DPattern* pattern) {
     LoadPattern(pattern);
     if (m_hWnd != nullptr) {
-        MakeList();  // The view's indices are of the old table.
+        MakeList();
     }
 }
 

@@ -69,7 +69,7 @@ int COrbixMainDlg::Load3DFile(const char* path) {
         return 0;
     }
     report_.Clear();
-    if (const int code = manager_.Store().LoadCsv(path, report_); code != 0) {
+    if (const int code = manager_.LoadCsv(path, report_); code != 0) {
         ShowError(code);
         return 0;
     }
