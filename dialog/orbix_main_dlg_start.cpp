@@ -97,13 +97,8 @@ void COrbixMainDlg::StartListAndGraph() {
 
 // The dots are painted, not controls; this is how a screen reader learns of them.
 void COrbixMainDlg::DescribePlane(int control, int plane) {
-    GetDlgItemAs<CStatic>(control)->SetVirtualItems([this, plane] {
-        std::vector<VirtualItem> items;
-        for (const GraphDot& dot : manager_.Graph().DescribePlane(plane).dots) {
-            items.push_back({dot.text, dot.rect, dot.isCurrent});
-        }
-        return items;
-    });
+    GetDlgItemAs<CStatic>(control)->SetVirtualItems(
+        [this, plane] { return manager_.Graph().DescribeDots(plane); });
 }
 
 void COrbixMainDlg::StartZoom() {

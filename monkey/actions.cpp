@@ -51,7 +51,7 @@ QPoint PointOnPlane(MonkeyHands& hands) {
 
 void PressOnDot(MonkeyHands& hands) {
     const int plane = hands.Any(C3DGraph::kPlaneCount);
-    const auto dots = ManagerOf(hands.editor.dialog).Graph().DescribePlane(plane).dots;
+    const auto dots = ManagerOf(hands.editor.dialog).Graph().DescribeDots(plane);
     if (!dots.empty()) {
         hands.editor.driver->MousePress(PointIn(hands.AnyOf(dots).rect, hands));
     }

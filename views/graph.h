@@ -8,13 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "event/event_record.h"
 #include "platform/gdi.h"
 #include "platform/types.h"
 #include "sequence/api.h"
 #include "views/position_arithmetic.h"
 
 class CWnd;
-struct _tagEvent3D;
+struct VirtualItem;
 
 /// One dot: a copy of a position event in Cartesian form, lengths in millimetres.
 struct tag3DGraphPoint {
@@ -55,22 +56,6 @@ struct C3DGraphCallbacks {
     std::function<void(int id, int index, const _tagEvent3D& event)> setCurrentMove;
 };
 
-/// One dot as a screen reader is told of it.
-struct GraphDot {
-    int id = 0;
-    int index = 0;
-    CString text;  ///< "ID 2, dot 5, X 1.50 metres, Z -0.25 metres".
-    RECT rect;     ///< In the dialog's client area.
-    bool isCurrent = false;
-};
-
-/// One plane as a screen reader is told of it, with the dots that it shows.
-struct GraphPlane {
-    CString title;
-    RECT rect;
-    std::vector<GraphDot> dots;
-};
-
 /// The events in view as dots on two planes of the editor's client area: plane 0 from above
 /// (horizontal X, vertical Z), plane 1 from behind (horizontal X, vertical Y). It has no control
 /// of its own: the dialog hands it device contexts and mouse messages. Dots are addressed by 3D
@@ -81,9 +66,9 @@ struct GraphPlane {
 class ORBIX_API C3DGraph {
 public:
     static constexpr int kPlaneCount = 2;
-    static constexpr int kIdCount = 4;
-    /// Selectors of DrawPoints.
+    /// For ClearPoints and DrawPoints.
     static constexpr int kAllIds = -1;
+    /// For DrawPoints alone.
     static constexpr int kAllButCurrentId = -2;
 
     /// View settings. They belong to the process and so survive from one dialog to the next.
@@ -111,9 +96,9 @@ public:
 
     /// Appends a dot for a position event of 3D ID 0 to 3; skips any other event in silence.
     void AddEvent(const _tagEvent3D& event);
-    /// Drops the points of one ID, or of all with -1. If it is the current ID, the current index
-    /// goes to -1 and the ID stays. A dot of that ID that is pressed or dragged is let go, since
-    /// it no longer exists: the drag ends without a change, as Esc ends it.
+    /// Drops the points of one ID, or of all with kAllIds. If it is the current ID, the current
+    /// index goes to -1 and the ID stays. A dot of that ID that is pressed or dragged is let go,
+    /// since it no longer exists: the drag ends without a change, as Esc ends it.
     void ClearPoints(int id);
     const std::vector<tag3DGraphPoint>& Points(int id) const {
         return m_vecPoints.at(static_cast<std::size_t>(id));
@@ -156,8 +141,9 @@ public:
     bool FindPoint(int px, int py, int& plane, int& id, int& index) const;
 
     const RECT& PlaneRect(int plane) const { return m_rcPlane.at(static_cast<std::size_t>(plane)); }
-    /// The dots that a plane shows, with words.
-    GraphPlane DescribePlane(int plane) const;
+    /// The dots that a plane shows as a screen reader is told of them: "ID 2, dot 5, X 1.50 metres,
+    /// Z -0.25 metres".
+    std::vector<VirtualItem> DescribeDots(int plane) const;
 
     // --- painting ------------------------------------------------------------------------------
 
@@ -198,6 +184,9 @@ private:
         bool reversed;  ///< The vertical axis.
     };
 
+    /// How far a dot reaches from its middle, in pixels.
+    static constexpr int kDotRadius = 3;
+
     /// What the frames of one drag share: all that the drag leaves as it is, drawn once, and the
     /// bitmap that each frame is put together on. Both have the client area's extent.
     struct DragPicture {
@@ -212,7 +201,7 @@ private:
     RECT DotRect(int plane, const tag3DGraphPoint& point) const;
     /// Index of the first dot of the ID under the pixel, -1 for none.
     int FirstHit(int id, int px, int py, int plane) const;
-    GraphDot DescribeDot(int plane, int id, int index) const;
+    VirtualItem DescribeDot(int plane, int id, int index) const;
     void SetPlaneRect(std::size_t plane, const RECT& rect);
     void StoreZoom(double zoom, int ringCount, const double* rings);
 
@@ -237,7 +226,7 @@ private:
     std::array<RECT, kPlaneCount> m_rcPlane{};
     std::array<RECT, kPlaneCount> m_rcAxis{};
     std::array<RECT, kPlaneCount> m_rcCircle{};
-    std::array<std::vector<tag3DGraphPoint>, kIdCount> m_vecPoints;
+    std::array<std::vector<tag3DGraphPoint>, kSourceCount> m_vecPoints;
     tag3DGraphPoint m_ptSaved;
     std::int32_t m_nCurID = -1;
     std::int32_t m_nCurIndex = -1;

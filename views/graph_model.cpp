@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "event/event_record.h"
-#include "platform/window.h"
+#include "platform/controls.h"
 #include "views/graph.h"
 
 std::int32_t C3DGraph::s_nXReverse = 0;
@@ -16,8 +15,8 @@ namespace {
 
 /// Room for the texts between the circle and the edge of its plane.
 constexpr int kMargin = 15;
-/// How far a dot, and what counts as inside the circle, reaches from its middle.
-constexpr int kReach = 3;
+/// How far behind its edge the circle still takes the mouse.
+constexpr int kCircleSlack = 3;
 
 /// Pixels stay where a few more can be added to them.
 constexpr int kFarthestPixel = 1 << 29;
@@ -27,7 +26,7 @@ int Pixel(double value) {
 }
 
 constexpr bool IsId(int id) {
-    return id >= 0 && id < C3DGraph::kIdCount;
+    return id >= 0 && id < kSourceCount;
 }
 
 }  // namespace
@@ -104,7 +103,7 @@ void C3DGraph::ClearPoints(int id) {
         }
     }
     m_DragPicture.reset();
-    for (int each = 0; each < kIdCount; ++each) {
+    for (int each = 0; each < kSourceCount; ++each) {
         if (id == kAllIds || id == each) {
             m_vecPoints[static_cast<std::size_t>(each)] = {};
         }
@@ -207,8 +206,8 @@ void C3DGraph::PointFromPixel(int px, int py, tag3DGraphPoint& point) const {
 }
 
 bool C3DGraph::InEllipse(const RECT& circle, int px, int py) {
-    const RECT grown{circle.left - kReach, circle.top - kReach, circle.right + kReach,
-                     circle.bottom + kReach};
+    const RECT grown{circle.left - kCircleSlack, circle.top - kCircleSlack,
+                     circle.right + kCircleSlack, circle.bottom + kCircleSlack};
     if (!PtInRect(grown, {px, py})) {
         return false;
     }
@@ -238,7 +237,8 @@ bool C3DGraph::HitPoint(int id, int index, int px, int py, int plane, RECT& rect
 
 RECT C3DGraph::DotRect(int plane, const tag3DGraphPoint& point) const {
     const POINT place = ProjectPoint(plane, point);
-    return {place.x - kReach, place.y - kReach, place.x + kReach + 1, place.y + kReach + 1};
+    return {place.x - kDotRadius, place.y - kDotRadius, place.x + kDotRadius + 1,
+            place.y + kDotRadius + 1};
 }
 
 int C3DGraph::FirstHit(int id, int px, int py, int plane) const {
@@ -262,32 +262,30 @@ bool C3DGraph::FindPoint(int px, int py, int& plane, int& id, int& index) const 
     index = HitPoint(m_nCurID, m_nCurIndex, px, py, plane, rect)
                 ? m_nCurIndex
                 : FirstHit(m_nCurID, px, py, plane);
-    for (int each = 0; index < 0 && each < kIdCount; ++each) {
+    for (int each = 0; index < 0 && each < kSourceCount; ++each) {
         id = each;
         index = FirstHit(each, px, py, plane);
     }
     return index >= 0;
 }
 
-GraphDot C3DGraph::DescribeDot(int plane, int id, int index) const {
+VirtualItem C3DGraph::DescribeDot(int plane, int id, int index) const {
     const tag3DGraphPoint& point = *PointAt(id, index);
     const CString across = "X " + MetresText(point.x) + " metres, ";
     const CString up = plane == 0 ? "Z " + MetresText(point.z) : "Y " + MetresText(point.y);
-    return {id, index,
-            "ID " + std::to_string(id) + ", dot " + std::to_string(index) + ", " + across + up +
+    return {"ID " + std::to_string(id) + ", dot " + std::to_string(index) + ", " + across + up +
                 " metres",
             DotRect(plane, point), id == m_nCurID && index == m_nCurIndex};
 }
 
-GraphPlane C3DGraph::DescribePlane(int plane) const {
-    GraphPlane description{
-        plane == 0 ? "Sources from above" : "Sources from behind", PlaneRect(plane), {}};
-    for (int id = 0; id < kIdCount; ++id) {
+std::vector<VirtualItem> C3DGraph::DescribeDots(int plane) const {
+    std::vector<VirtualItem> dots;
+    for (int id = 0; id < kSourceCount; ++id) {
         for (int index = 0; PointAt(id, index) != nullptr; ++index) {
             if (IsShown(*PointAt(id, index))) {
-                description.dots.push_back(DescribeDot(plane, id, index));
+                dots.push_back(DescribeDot(plane, id, index));
             }
         }
     }
-    return description;
+    return dots;
 }

@@ -1,4 +1,3 @@
-#include "event/event_record.h"
 #include "platform/hooks.h"
 #include "platform/window.h"
 #include "views/graph.h"

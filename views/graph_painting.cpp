@@ -1,5 +1,6 @@
 #include <array>
 #include <charconv>
+#include <memory>
 
 #include "views/graph.h"
 
@@ -9,14 +10,12 @@ constexpr COLORREF kBlack = RGB(0x00, 0x00, 0x00);
 constexpr COLORREF kWhite = RGB(0xFF, 0xFF, 0xFF);
 constexpr COLORREF kGrey = RGB(0x7F, 0x7F, 0x7F);
 constexpr COLORREF kMagenta = RGB(0xFF, 0x00, 0xFF);
-constexpr std::array<COLORREF, C3DGraph::kIdCount> kIdColours{
+constexpr std::array<COLORREF, kSourceCount> kIdColours{
     RGB(0x00, 0xFF, 0xFF), RGB(0xFF, 0x7F, 0x00), RGB(0x00, 0xFF, 0x00), RGB(0xFF, 0x00, 0x00)};
 
 /// Picture and mask of the head by turns; eight a plane, ordered as HeadPair counts them.
 constexpr std::array<UINT, 16> kHeadIds{5004, 5005, 5014, 5015, 5010, 5011, 5012, 5013,
                                         5002, 5003, 5008, 5009, 5000, 5001, 5006, 5007};
-
-constexpr int kDotRadius = 3;
 
 /// A tool or setting for one scope; the one before it comes back at the end.
 template <typename Tool>
@@ -77,7 +76,7 @@ std::size_t HeadPair(bool acrossReversed, bool verticalReversed) {
 }  // namespace
 
 COLORREF C3DGraph::GetIDColor(int id) {
-    return id >= 0 && id < kIdCount ? kIdColours[static_cast<std::size_t>(id)] : 0;
+    return id >= 0 && id < kSourceCount ? kIdColours[static_cast<std::size_t>(id)] : 0;
 }
 
 void C3DGraph::LoadHeads() {
@@ -195,7 +194,7 @@ void C3DGraph::DrawRingTexts(CDC* dc, int plane) const {
 void C3DGraph::DrawPoints(CDC* dc, int plane, int selector) const {
     const BlackGapsScope gaps(dc);
     for (int each = 0; each < kPlaneCount; ++each) {
-        for (int id = kIdCount - 1; IsAskedFor(each, plane) && id >= 0; --id) {
+        for (int id = kSourceCount - 1; IsAskedFor(each, plane) && id >= 0; --id) {
             if (selector == kAllIds || selector == id ||
                 (selector == kAllButCurrentId && id != m_nCurID)) {
                 DrawPointsOfId(dc, each, id);

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "platform/controls.h"
 #include "tests/views/graph_fixture.h"
 #include "tests/views/table.h"
 
@@ -79,7 +80,7 @@ TEST_F(GraphTest, DescribesTheDotsThatAPlaneShows) {
     Add(2, 250, 0, 90);
     graph.SetCurrent(nullptr, nullptr, 2, 2);
     std::string words;
-    for (const GraphDot& dot : graph.DescribePlane(1).dots) {
+    for (const VirtualItem& dot : graph.DescribeDots(1)) {
         words += dot.text + (dot.isCurrent ? ", current" : "") + "; ";
     }
     EXPECT_EQ(words,

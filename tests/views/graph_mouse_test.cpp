@@ -28,7 +28,7 @@ protected:
     }
 
     void Rebuild() {
-        for (int id = 0; id < C3DGraph::kIdCount; ++id) {
+        for (int id = 0; id < kSourceCount; ++id) {
             graph.ClearPoints(id);
         }
         Add(0, 500, 90);

@@ -72,7 +72,7 @@ TEST_F(GraphTest, LinesBreakAtHiddenDotsAndRunThroughTheCurrentOne) {
 }
 
 TEST_F(GraphTest, DrawsTheCurrentIdLastAndEveryIdOnce) {
-    for (int id = 0; id < C3DGraph::kIdCount; ++id) {
+    for (int id = 0; id < kSourceCount; ++id) {
         Add(id, 500, 90);
     }
     C3DGraph::s_nIndexView = 0;
