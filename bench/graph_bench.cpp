@@ -136,9 +136,7 @@ struct Dot {
 
 // The dots of one ID where the editor shows them at the widest zoom.
 std::vector<Dot> DotsOf(const C3DEventData& table, int id, const QRect& plane) {
-    C3DPosConverter converter;
-    converter.SetCartesianRange(-12750.0, 12750.0);
-    converter.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
+    const C3DPosConverter converter = EditorLimits();
     std::vector<Dot> dots;
     for (int i = 0; i < table.CountEvents(-1); ++i) {
         const _tagEvent3D& event = table.EventAt(i);

@@ -15,13 +15,6 @@ RECT ClientRectOf(const CWnd& dialog, int control) {
     return rect;
 }
 
-C3DPosConverter EditorLimits() {
-    C3DPosConverter converter;
-    converter.SetCartesianRange(-12750.0, 12750.0);
-    converter.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
-    return converter;
-}
-
 }  // namespace
 
 BOOL COrbixMainDlg::OnInitDialog() {

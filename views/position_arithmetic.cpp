@@ -82,6 +82,13 @@ int C3DPosConverter::CartesianToSpherical(double& x, double& y, double& z, doubl
     return 1;
 }
 
+C3DPosConverter EditorLimits() {
+    C3DPosConverter converter;
+    converter.SetCartesianRange(-12750.0, 12750.0);
+    converter.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
+    return converter;
+}
+
 int RoundDistance(double distance) {
     const int whole = static_cast<std::uint16_t>(TruncateWide(distance));
     return (whole + 25) / 50 * 50;

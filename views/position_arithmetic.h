@@ -48,6 +48,9 @@ private:
     double m_dCartHigh = 0.0;
 };
 
+/// A converter with the limits of the editor, the ranges above.
+ORBIX_API C3DPosConverter EditorLimits();
+
 /// To the grid of 50, halves up: the low 16 bits of the truncated value, unsigned, are rounded.
 ORBIX_API int RoundDistance(double distance);
 /// To the nearest multiple of 3 by whole degrees; the low 16 bits of the truncated value, signed.

@@ -25,10 +25,7 @@ protected:
     GraphTest() {
         SetView(0, 0, 0);
         C3DGraph::s_nIndexView = C3DGraph::s_nIndexLine = 1;
-        C3DPosConverter limits;
-        limits.SetCartesianRange(-12750.0, 12750.0);
-        limits.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
-        graph.Init({0, 0, 231, 231}, {300, 0, 531, 241}, 1000.0, 0, nullptr, limits);
+        graph.Init({0, 0, 231, 231}, {300, 0, 531, 241}, 1000.0, 0, nullptr, EditorLimits());
     }
 
     void SetView(int x, int y, int z) {

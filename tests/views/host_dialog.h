@@ -44,11 +44,8 @@ public:
         measureSpin.SetRange32(1, 99999);
         tab.AddPage(&spherical, CPage3DPosSpherical::kTemplateId, "Spherical");
         tab.AddPage(&cartesian, CPage3DPosCartesianal::kTemplateId, nullptr);
-        C3DPosConverter converter;
-        converter.SetCartesianRange(-12750.0, 12750.0);
-        converter.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
         spherical.InitPage(m_hWnd);
-        cartesian.InitPage(m_hWnd, converter);
+        cartesian.InitPage(m_hWnd, EditorLimits());
         tab.SelectPage(0);
         return TRUE;
     }

@@ -7,13 +7,6 @@
 
 namespace {
 
-C3DPosConverter EditorLimits() {
-    C3DPosConverter converter;
-    converter.SetCartesianRange(-12750.0, 12750.0);
-    converter.SetSphericalRange(0.0, 12750.0, -180.0, 177.0, -90.0, 90.0);
-    return converter;
-}
-
 TEST(Rounding, EachRuleHasItsOwnHalves) {
     ExpectTable("rounding.txt", [](std::istream& row) {
         double value = 0;
