@@ -8,7 +8,6 @@
 
 using enum ControlKind;
 
-static constexpr int kNoId = -1;
 static constexpr const char* kSourceIds[] = {"0", "1", "2", "3"};
 static constexpr const char* kDenominators[] = {"2", "4", "8", "16", "32"};
 

@@ -6,8 +6,6 @@
 
 using enum ControlKind;
 
-static constexpr int kNoId = -1;
-
 static constexpr ControlTemplate kControls[] = {
     {staticText, kNoId, "Identifier", 3, 6, 34, 9},
     {edit, 4101, "", 38, 4, 62, 12, kTabStop, "Identifier"},

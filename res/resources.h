@@ -7,6 +7,9 @@
 /// The library's resources as constant data. Icons, bitmaps, dialogs and accelerator tables are
 /// numbered apart: one number may stand for one of each.
 
+/// The number of a control that nobody asks for; any number of controls may have it.
+inline constexpr int kNoId = -1;
+
 /// Dialog 4000, the editor.
 extern const DialogTemplate kMainDialogTemplate;
 /// Dialog 4007, the page with distance, azimuth and elevation.

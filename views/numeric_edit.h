@@ -16,6 +16,7 @@ public:
 
     /// Characters that the box accepts.
     void SetLimit(std::int16_t characters) { m_nLimit = characters; }
+    /// The bounds of the number, both inclusive.
     void SetRange(int lower, int upper);
     /// The number that is put into a box left empty; not held to the bounds.
     void SetFallback(int fallback) { m_nFallback = fallback; }
@@ -23,6 +24,7 @@ public:
     /// `NormalizeNumber` with this box's bounds.
     int Normalize(CString& text) const;
 
+    /// The box's text as it stands; nothing, and "", before the box has a window.
     void SetValueText(const CString& text);
     CString GetValueText() const;
 

@@ -57,7 +57,7 @@ TEST_P(Layout, EveryControlCanBeReachedAndNamed) {
     std::set<int> ids;
     const ControlTemplate* before = nullptr;
     for (const ControlTemplate& control : dialog.controls) {
-        EXPECT_TRUE(control.id == -1 || ids.insert(control.id).second) << NameOf(control);
+        EXPECT_TRUE(control.id == kNoId || ids.insert(control.id).second) << NameOf(control);
         const bool acts = control.kind != groupBox && control.kind != staticText;
         const bool named = control.accessibleName != nullptr || *control.caption != '\0';
         EXPECT_TRUE(named || !acts) << NameOf(control);
