@@ -56,8 +56,7 @@ public:
     /// "measure:beat:tick ID numerator/denominator", with "timesig" when that radio is chosen.
     std::string Fields();
     /// All that an editor shows and has done: the rows, the fields, which controls are dim or
-    /// ticked, the host's block, what went to the device. A refused command must leave
-    /// it.
+    /// ticked, the host's block, what went to the device. A refused command must leave it.
     Lines State();
     bool IsOpen() const;
 
