@@ -51,22 +51,14 @@ TEST(ScreenReader, ComboBoxesHaveANameAndAValue) {
     });
 }
 
-TEST(ScreenReader, ThePlanesAreListsOfDotsWithTheCurrentOneMarked) {
+TEST(ScreenReader, ThePlanesAreListsOfDots) {
     Editor editor(PatternOf({TimeSig(0, 4, 4), Position(0, 0, 500), Position(2, 480, 1000)}));
     editor.Run([&] {
-        editor.ClickRow(2);
         QAccessibleInterface* plane =
             QAccessible::queryAccessibleInterface(&editor.driver->Widget(kPlaneAbove));
         ASSERT_NE(plane, nullptr);
         EXPECT_EQ(plane->role(), QAccessible::List);
         ASSERT_EQ(plane->childCount(), 2);
-        EXPECT_EQ(plane->child(0)->text(QAccessible::Name),
-                  "ID 0, dot 0, X 0.00 metres, Z 0.50 metres");
-        EXPECT_EQ(plane->child(1)->text(QAccessible::Name),
-                  "ID 2, dot 0, X 0.00 metres, Z 1.00 metres");
-        EXPECT_FALSE(plane->child(0)->state().selected);
-        EXPECT_TRUE(plane->child(1)->state().selected);
-
         const QRect dot = plane->child(1)->rect();
         EXPECT_TRUE(plane->rect().contains(dot));
         EXPECT_EQ(plane->childAt(dot.center().x(), dot.center().y()), plane->child(1));
