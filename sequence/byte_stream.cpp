@@ -83,8 +83,9 @@ std::uint32_t BytesLeft(std::strstream& stream) {
         return 0;
     std::streambuf& buffer = *stream.std::ios::rdbuf();  // may have been exchanged by the caller
     const std::streamoff position = buffer.pubseekoff(0, std::ios::cur, std::ios::in);
-    const auto* const memory = dynamic_cast<std::strstreambuf*>(&buffer);
-    const std::streamoff written = memory && position >= 0 ? memory->pcount() - position : 0;
+    // Not `pcount`, which leaves out what stood there before a stream that appends.
+    const std::streamoff end = buffer.pubseekoff(0, std::ios::cur, std::ios::out);
+    const std::streamoff written = position >= 0 ? end - position : 0;
     const std::streamoff left = std::max<std::streamoff>(buffer.in_avail(), written);
     return static_cast<std::uint32_t>(
         std::clamp<std::streamoff>(left, 0, std::numeric_limits<std::uint32_t>::max()));

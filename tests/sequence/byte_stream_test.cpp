@@ -49,6 +49,10 @@ TEST(StreamBytes, LeftCountsWhatCanStillBeReadInEveryShape) {
     Put(grown, std::string(200, 'x'));  // beyond the area that the read before made visible
     EXPECT_EQ(BytesLeft(grown), 299U);
     EXPECT_EQ(grown.tellg(), 1);
+    std::string room = "abc" + std::string(9, '\0');
+    std::strstream appending(room.data(), 9, std::ios::in | std::ios::out | std::ios::app);
+    Put(appending, "defg");
+    EXPECT_EQ(BytesLeft(appending), 7U);
 }
 
 TEST(ByteStream, TypedValues) {
