@@ -17,9 +17,10 @@ using SeqBytePattern = std::vector<std::pair<std::uint32_t, std::uint8_t>>;
 /// is status, length quantity, payload. Quantities stand in their shortest form. An empty event has
 /// no data (null) and length 0.
 ///
-/// The event owns its bytes. Constructors raise -100 when they cannot fill the event; nothing else
-/// raises but `Read` (-1 at the end of the stream, -100 without memory). One thread at a time each
-/// event; different events may live on different threads.
+/// The event owns its bytes. Constructors and the assignment raise -100 when they cannot fill the
+/// event, the assignment leaves it empty; nothing else raises but `Read` (-1 at the end of the
+/// stream, -100 without memory). One thread at a time each event; different events may live on
+/// different threads.
 class ORBIX_API CZurSeqEvent {
 public:
     CZurSeqEvent() = default;

@@ -22,13 +22,14 @@ using SeqEventCompare = bool (*)(const CZurSeqEvent* first, const CZurSeqEvent* 
 ///
 /// The track owns its events. Pointers that it hands out are borrowed; events handed to it are its
 /// own from then on. A number or pointer that names no event makes an operation do nothing or give
-/// false, 0 or null. Only `Read` and the copies raise. One thread at a time.
+/// false, 0 or null. Only `Read` and what makes a track of something raise. One thread at a time.
 class ORBIX_API CZurSeqTrack {
 public:
     /// Tag "MTrk", no events.
     CZurSeqTrack() = default;
     /// The tag as a big-endian word.
     explicit CZurSeqTrack(std::uint32_t tag);
+    /// Runs `Read`; what it raises passes on.
     explicit CZurSeqTrack(std::strstream& stream);
     /// Deep copies. They raise what an event's copy constructor raises (-100).
     CZurSeqTrack(const CZurSeqTrack& other);

@@ -15,6 +15,8 @@ namespace {
 
 using EventList = std::vector<CZurSeqEvent*>;
 
+static_assert(StreamBlock::kSlack >= SeqEventBatch::kSlack);
+
 /// Reads the events of one chunk: out of blocks where whole events stand in them, and one by one
 /// from the stream where they do not, so that its end behaves as for the event alone.
 class ChunkReader {

@@ -12,7 +12,7 @@
 /// stream must be good and able to seek.
 class StreamBlock {
 public:
-    /// Bytes that may be looked at, and are 0, behind `End`.
+    /// Bytes behind `End` that may be looked at: all 0.
     static constexpr std::size_t kSlack = 16;
 
     explicit StreamBlock(std::strstream& stream) : m_buffer(*stream.std::ios::rdbuf()) {}

@@ -29,6 +29,7 @@ public:
     CZurSequence() = default;
     /// Both stored unchanged, no tracks.
     CZurSequence(std::int16_t format, std::int16_t division);
+    /// Runs `Read`; what it raises passes on, and no track stays.
     explicit CZurSequence(std::strstream& stream);
     CZurSequence(const CZurSequence& other);
     CZurSequence& operator=(const CZurSequence& other);
