@@ -25,7 +25,7 @@ constexpr std::array<HeaderField, 5> kHeaderFields = {{
     {kSeqNoFileTag, 0, 4, "the tag \"MThd\", 4D 54 68 64"},
     {kSeqBadHeaderLength, 4, 4, "a header of 6 bytes, 00 00 00 06"},
     {kSeqBadFormat, 8, 2, "format 0 or 1"},
-    {kSeqBadTrackCount, 10, 2, "1 track in format 0, 1 or more in format 1"},
+    {kSeqBadTrackCount, 10, 2, "1 track in format 0, 1 to 32767 in format 1"},
     {kSeqBadDivision, 12, 2, "a division in ticks per quarter note, 1 to 32767"},
 }};
 

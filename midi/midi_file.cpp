@@ -4,6 +4,7 @@
 #include <new>
 
 #include "midi/midi_fault.h"
+#include "sequence/seq_codes.h"
 
 namespace {
 
@@ -28,6 +29,10 @@ std::unique_ptr<CZurSequence> ReadMidiBytes(std::string_view bytes, MidiFault& f
     auto sequence = std::make_unique<CZurSequence>();
     try {
         sequence->Load(stream);
+        // A count with bit 15 set counts as negative and reads none: all the tracks would be lost.
+        if (sequence->GetTrackCount() == 0) {
+            throw kSeqBadTrackCount;
+        }
         return sequence;
     } catch (int code) {
         fault = FindMidiFault(code, *sequence, stream, bytes);
