@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "midi/pattern_events.h"
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr std::uint64_t kMostTick = 999999999;
+constexpr std::uint64_t kMostTimeSigTick = std::numeric_limits<std::uint32_t>::max();
 // What a load of the pattern counts to.
 constexpr std::size_t kMostPositions = 32767;
 // A load takes the low 16 bits; what is further away is as far as they say.
@@ -44,6 +46,11 @@ bool HasBytes(const CZurSeqEvent& event, const EventBytes& bytes) {
 
 bool IsMeta(const CZurSeqEvent& event, std::uint8_t type) {
     return event.GetKind() == 1 && event.GetLength() > 1 && event.GetData()[1] == type;
+}
+
+/// True for one that the sequence gives a record for.
+bool IsTimeSignature(const CZurSeqEvent& event) {
+    return IsMeta(event, kMetaTimeSignature) && event.GetLength() > 4;
 }
 
 std::optional<DeviceMessage> MessageOf(const CZurSeqEvent& event) {
@@ -83,6 +90,8 @@ private:
                 TakeName(*event);
             } else if (const auto message = MessageOf(*event)) {
                 placements_.push_back({tick, *message});
+            } else if (isConductor && IsTimeSignature(*event)) {
+                ++(tick <= kMostTimeSigTick ? timeSigs_ : result_.metaEvents);
             } else if (!IsExpected(*event, isConductor, tick)) {
                 CountOther(*event);
             }
@@ -98,8 +107,7 @@ private:
             return true;
         }
         if (isConductor) {
-            return (IsMeta(event, kMetaTimeSignature) && event.GetLength() > 4) ||
-                   (tick == 0 && HasBytes(event, TempoEvent(kDefaultTempo)));
+            return tick == 0 && HasBytes(event, TempoEvent(kDefaultTempo));
         }
         for (int id = 0; id < kIdTracks; ++id) {
             if (HasBytes(event, IdTrackName(id))) {
@@ -131,6 +139,7 @@ private:
     void PutTimeSigs() {
         std::vector<t_tSigMapRec> map;
         sequence_.GetTimeSignatures(map);
+        map.resize(timeSigs_);  // the ticks of later ones have wrapped
         std::vector<t_tSigRec> records;
         records.reserve(map.size());
         for (const t_tSigMapRec& each : map) {
@@ -159,6 +168,7 @@ private:
     const CZurSequence& sequence_;
     PatternFromMidi result_;
     std::vector<Placement> placements_;
+    std::uint32_t timeSigs_ = 0;
 };
 
 }  // namespace

@@ -89,7 +89,7 @@ TEST(PatternMidi, TakesItsOwnOutOfAnyFileAndCountsTheRest) {
     const std::string noTail = std::string(kFirst).replace(kFirst.size() - 5, 2, "01");
     const auto got = PatternFromSequence(SequenceOf(
         96, {"0 FF 03 02 48 69; 0 FF 03 01 61; 0 FF 51 03 07 A1 20; 384 FF 58 04 03 02 18 08; 9 " +
-                 kFirst + "; 0 FF 58 01 03; 0 FF 2F 00",
+                 kFirst + "; 0 FF 58 01 03; 0 FF 2F 00; 4294967295 FF 58 04 05 02 18 08",
              "9 90 3C 40; 0 80 3D 40; 384 " + kSecond + "; 0 " + noTail +
                  "; 0 F7 01 F7; 0 FF 58 04 07 02 18 08; 0 FF 51 03 07 A1 20; 0 FF 01 00",
              "4294967295 FF 01 00; 9 " + kFirst,
@@ -97,7 +97,7 @@ TEST(PatternMidi, TakesItsOwnOutOfAnyFileAndCountsTheRest) {
     EXPECT_EQ(got.name, "Hi");
     EXPECT_EQ(
         std::tie(got.channelMessages, got.metaEvents, got.systemMessages, got.positionsLeftOut),
-        std::make_tuple(2U, 4U, 2U, 1U));
+        std::make_tuple(2U, 5U, 2U, 1U));
     auto expected = PatternOf(96, {{0, 2, 1, 0, 3, 4}},
                               {{0, 0, 0, 0, 0}, {393, 2, 34, 74, 1000}, {393, 0, 64, 64, 12750}});
     // As it came, for the load to correct: ID 7, azimuth 127, elevation 0, 65535 mm at most.
