@@ -27,11 +27,16 @@ public:
                 static_cast<RtMidiClient*>(self)->words_ = words;
             },
             this);
-        const std::lock_guard guard(registryMutex);
-        registry.push_back(this);
+        if (system == MidiSystem::jack) {
+            const std::lock_guard guard(registryMutex);
+            registry.push_back(this);
+        }
     }
 
     ~RtMidiClient() override {
+        if (system_ == MidiSystem::alsa) {
+            return;
+        }
         const std::lock_guard guard(registryMutex);
         std::erase(registry, this);
         output_.reset();
@@ -48,7 +53,7 @@ public:
                 client->output_.reset();
                 client->watch_.reset();
             }
-            return use.owns_lock() || client->system_ == MidiSystem::alsa;
+            return use.owns_lock();
         });
     }
 
@@ -111,6 +116,8 @@ private:
         return words_.empty();
     }
 
+    // JACK's clients alone: the lock is held while one closes, which may take for ever with a
+    // server that hangs, and ALSA must not wait for that.
     static inline std::mutex registryMutex;
     static inline std::vector<RtMidiClient*> registry;
 
