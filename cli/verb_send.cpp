@@ -49,9 +49,9 @@ OutputChoice NamedPort(const std::string& name) {
 
 // The sequencer of the machine itself comes before a sound server on top of it.
 OutputChoice OwnPort(const std::string& name) {
-    CString failure;
+    const PortFinder::Found found = PortFinder().Look();
     for (const MidiSystem system : {MidiSystem::alsa, MidiSystem::jack}) {
-        if (MidiClient::Open(system, "Orbix", failure) != nullptr) {
+        if (found.Has(system)) {
             return {OutputChoice::Kind::ownPort, system, name};
         }
     }

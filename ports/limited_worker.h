@@ -16,9 +16,8 @@ public:
     LimitedWorker(const LimitedWorker&) = delete;
     LimitedWorker& operator=(const LimitedWorker&) = delete;
 
-    /// Runs `call` on the worker's thread; false when it didn't come back in time, or
-    /// no thread could be had. The call must
-    /// own all that it touches (by shared pointers), and throw nothing.
+    /// Runs `call` on the worker's thread; false when it didn't come back in time, or no thread
+    /// could be had. The call must own all that it touches (by shared pointers), and throw nothing.
     bool Run(std::function<void()> call);
 
     /// The same for a call with a result; nothing when it didn't come back in time.

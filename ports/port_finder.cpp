@@ -1,5 +1,6 @@
 #include "ports/port_finder.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -33,6 +34,18 @@ PortFinder::PortFinder() {
     }
 }
 
+PortFinder::~PortFinder() {
+    for (Side& side : sides_) {
+        if (side.client != nullptr) {
+            side.worker->Run([client = std::move(side.client)]() mutable { client.reset(); });
+        }
+    }
+}
+
+bool PortFinder::Found::Has(MidiSystem system) const {
+    return std::ranges::find(systems, system) != systems.end();
+}
+
 PortFinder::Found PortFinder::Look() {
     Found found;
     for (Side& side : sides_) {
@@ -55,7 +68,9 @@ void PortFinder::LookAt(Side& side, Found& found) {
     for (const CString& name : answer->names) {
         found.ports.push_back({side.system, name});
     }
-    if (side.client == nullptr) {
+    if (side.client != nullptr) {
+        found.systems.push_back(side.system);
+    } else {
         found.remarks.push_back(MidiSystemName(side.system) + (": " + answer->failure));
     }
 }

@@ -15,11 +15,17 @@ class PortFinder {
 public:
     struct Found {
         std::vector<MidiPort> ports;
-        /// A line for each MIDI system that can't be used, with the reason.
+        /// The MIDI systems that can be used.
+        std::vector<MidiSystem> systems;
+        /// A line for each of the others, with the reason.
         std::vector<CString> remarks;
+
+        bool Has(MidiSystem system) const;
     };
 
     PortFinder();
+    /// Waits as a look does for a system that hangs.
+    ~PortFinder();
     Found Look();
 
 private:

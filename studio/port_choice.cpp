@@ -13,15 +13,6 @@ QString Caption(const QString& before, const CString& name, const QString& behin
     return before + QString::fromStdString(name).replace('&', "&&") + behind;
 }
 
-bool IsMissing(const PortFinder::Found& found, MidiSystem system) {
-    for (const CString& remark : found.remarks) {
-        if (remark.starts_with(MidiSystemName(system))) {
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
 PortChoice::PortChoice(QMenu& menu, DeviceLink& link, const std::string& remembered)
@@ -58,7 +49,7 @@ void PortChoice::AddOwnPorts(const PortFinder::Found& found) {
     menu_.addSeparator();
     for (const MidiSystem system : {MidiSystem::alsa, MidiSystem::jack}) {
         const OutputChoice own{Kind::ownPort, system, kOwnPortName};
-        if (!IsMissing(found, system) || link_.Choice() == own) {
+        if (found.Has(system) || link_.Choice() == own) {
             AddChoice(tr("Own %1 Port, for Others to Connect to").arg(MidiSystemName(system)), own);
         }
     }

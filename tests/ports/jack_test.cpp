@@ -30,7 +30,7 @@ struct JackTest : testing::Test {
     }
     void SetUp() override {
         StartServer();
-        if (!Await([this] { return HasJack(); })) {
+        if (!Await([this] { return finder.Look().Has(MidiSystem::jack); })) {
             GTEST_SKIP() << "jackd does not run here:\n" << Read("server");
         }
     }
@@ -45,14 +45,6 @@ struct JackTest : testing::Test {
         listener = std::make_unique<Process>(
             std::vector<std::string>{ORBIX_JACK_MIDI_DUMP, "-r", "far-synth"}, folder / "heard");
         EXPECT_TRUE(Await([this] { return !finder.Look().ports.empty(); }));
-    }
-    bool HasJack() {
-        for (const CString& remark : finder.Look().remarks) {
-            if (remark.starts_with("JACK")) {
-                return false;
-            }
-        }
-        return true;
     }
     std::string Read(const std::string& name) const {
         std::ostringstream text;
@@ -135,7 +127,7 @@ TEST_F(JackTest, NeitherALeavingListenerNorADeadServerHangsOrIsTakenForSuccess) 
     EXPECT_EQ(output.FailureText(), "no JACK server is running");
     listener.reset();
     StartServer();
-    ASSERT_TRUE(Await([this] { return HasJack(); })) << Read("server");
+    ASSERT_TRUE(Await([this] { return finder.Look().Has(MidiSystem::jack); })) << Read("server");
     StartListener();
     EXPECT_EQ(send(), 18) << "a new server";
     EXPECT_TRUE(Await([this] { return Heard() == kMessage; })) << Hex(Heard());
@@ -151,6 +143,15 @@ TEST_F(JackTest, AServerThatDiesUnderATransferEndsIt) {
     EXPECT_EQ(program.Await(), 5);
     EXPECT_THAT(Read("words"), HasSubstr("far-synth:input: "));
     EXPECT_THAT(Read("words"), HasSubstr(" of 44 messages went out\n"));
+}
+
+TEST_F(JackTest, AServerThatStandsStillHangsNobody) {
+    auto client = std::make_unique<PortFinder>();
+    EXPECT_TRUE(client->Look().Has(MidiSystem::jack));
+    server->Signal(SIGSTOP);
+    EXPECT_EQ(RunProgram({"send", "--own-port", "position", "--id", "0"}), 5);
+    client.reset();
+    server->End(SIGKILL);
 }
 
 TEST_F(JackTest, OthersCanConnectToAPortOfOurOwn) {
