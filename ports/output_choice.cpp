@@ -59,7 +59,11 @@ CString LinkName(const OutputChoice& choice) {
     }
     if (choice.kind == Kind::path) {
         std::error_code error;
-        const std::filesystem::path whole = std::filesystem::weakly_canonical(choice.name, error);
+        // Of a name that is not there yet the second step alone would leave a relative one.
+        std::filesystem::path whole = std::filesystem::absolute(choice.name, error);
+        if (!error) {
+            whole = std::filesystem::weakly_canonical(whole, error);
+        }
         return "path:" + (error ? choice.name : whole.string());
     }
     return TextOf(choice);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
 
 #include "ports/limited_worker.h"
 #include "ports/midi_port.h"
@@ -69,6 +70,8 @@ TEST(Ports, AChoiceIsOneLineAndBack) {
         EXPECT_EQ(ChoiceOf(text), std::nullopt) << text;
     }
     EXPECT_EQ(LinkName({Kind::path, kAlsa, "/dev/../tmp/x"}), "path:/tmp/x");
+    EXPECT_EQ(LinkName({Kind::path, kAlsa, "not-there"}),
+              "path:" + (std::filesystem::current_path() / "not-there").string());
     EXPECT_EQ(LinkName({Kind::port, kJack, "x"}), "jack:x");
 }
 
