@@ -27,30 +27,24 @@ std::string ReadBytes(const std::string& path) {
 }
 
 Shell::Shell() {
-    std::string pattern = (fs::temp_directory_path() / "orbix-cli-XXXXXX").string();
-    folder_ = ::mkdtemp(pattern.data());
-    fs::create_directory(folder_ + "/work");
-}
-
-Shell::~Shell() {
-    std::error_code error;
-    fs::remove_all(folder_, error);
+    fs::create_directory(folder_ / "work");
 }
 
 Outcome Shell::Run(const std::string& line, const std::string& input) const {
-    std::ofstream(folder_ + "/in", std::ios::binary) << input;
-    const std::string command = "cd '" + folder_ +
-                                "/work' && EXAMPLES='" ORBIX_EXAMPLES "' SMF='" ORBIX_TEST_DATA
-                                "/smf' && " +
-                                kPrelude + "{ " + line + "\n} <../in >../out 2>../err";
+    std::ofstream(folder_ / "in", std::ios::binary) << input;
+    // The locks of a device stay where they were made.
+    const std::string command =
+        "cd '" + folder_ / "work" + "' && export XDG_RUNTIME_DIR='" + folder_.Path() +
+        "' && EXAMPLES='" ORBIX_EXAMPLES "' SMF='" ORBIX_TEST_DATA "/smf' && " + kPrelude + "{ " +
+        line + "\n} <../in >../out 2>../err";
     const int status = std::system(command.c_str());
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    return {code, ReadBytes(folder_ + "/out"), ReadBytes(folder_ + "/err")};
+    return {code, ReadBytes(folder_ / "out"), ReadBytes(folder_ / "err")};
 }
 
 std::set<std::string> Shell::Names() const {
     std::set<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder_ + "/work")) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / "work")) {
         names.insert(entry.path().filename().string());
     }
     return names;

@@ -4,6 +4,8 @@
 #include <set>
 #include <string>
 
+#include "tests/support/temporary_folder.h"
+
 /// What a command line left behind.
 struct Outcome {
     int code = 0;  ///< exit code, 128 and more for a signal
@@ -23,16 +25,13 @@ struct Outcome {
 class Shell {
 public:
     Shell();
-    ~Shell();
-    Shell(const Shell&) = delete;
-    Shell& operator=(const Shell&) = delete;
 
     Outcome Run(const std::string& line, const std::string& input = "") const;
     /// Names of the files in the folder.
     std::set<std::string> Names() const;
 
 private:
-    std::string folder_;
+    TemporaryFolder folder_;
 };
 
 std::string ReadBytes(const std::string& path);
