@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "samples.h"
 #include "shell.h"
+#include "tests/support/stored_pattern.h"
 
 namespace {
 

@@ -2,29 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "sequence/byte_stream.h"
 #include "tests/params/block_support.h"
 #include "tests/support/data.h"
+#include "tests/support/stored_pattern.h"
 
 namespace {
 
 // A line a block or header.
 const std::string kDefault = Bytes(TestData("pattern/default.hex"));
-
-std::string Word(std::size_t number) {
-    std::string bytes(4, '\0');
-    EncodeBigEndian32(static_cast<std::uint32_t>(number),
-                      reinterpret_cast<std::uint8_t*>(bytes.data()));
-    return bytes;
-}
-
-std::string Block(std::uint32_t id, const std::string& payload) {
-    return Word(id) + Word(payload.size()) + payload;
-}
-
-std::string Composite(std::uint32_t id, std::uint32_t count, const std::string& children) {
-    return Block(id, Block(0, Word(count) + children));
-}
 
 /// A pattern with numbers at their limits and an unknown block that looks like a composite.
 std::string RichSample() {
