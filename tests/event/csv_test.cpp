@@ -81,9 +81,7 @@ TEST(CsvLoad, GivesWhatTheFoldersSay) {
 }
 
 TEST(CsvLine, TakesAndRefuses) {
-    const auto rows = TestTable("csv_lines.txt");
-    EXPECT_EQ(rows.size(), 19U);
-    for (const auto& row : rows) {
+    for (const auto& row : TestTable("csv_lines.txt")) {
         for (const char* const end : {"", "\n", "\r\n"}) {
             _tagEvent3D event;
             t_MBT mbt;

