@@ -8,7 +8,7 @@
 
 #include "midi/midi_file.h"
 #include "params/pattern_form.h"
-#include "params/position_block.h"
+#include "tests/params/block_support.h"
 #include "tests/sequence/tracks.h"
 
 namespace {
@@ -22,21 +22,17 @@ std::unique_ptr<CQelCPB_3DPattern> PatternOf(std::uint32_t division,
                                              const Positions& positions,
                                              const std::string& name = "New Pattern") {
     auto pattern = std::make_unique<CQelCPB_3DPattern>();
-    st_paramValue value{-1, division};
-    pattern->SetParam(2913, &value, kSizeParamValue);
-    st_paramTimeSigRecords reference{&timeSigs};
-    pattern->SetParam(2914, &reference, kSizeReference);
+    SetNumber(*pattern, 2913, division);
+    SetTimeSigs(*pattern, std::move(timeSigs));
     st_paramName nameRecord(name);
     pattern->SetParam(2902, &nameRecord, kSizeParamName);
-    for (const Position& position : positions) {
-        auto* const block = new CQelCPB_3DPosition;
-        for (std::size_t i = 0; i < position.size(); ++i) {
-            constexpr std::uint32_t kIds[] = {2800, 2801, 2804, 2805, 2806};
-            st_paramValue record{-1, position[i]};
-            block->SetParam(kIds[i], &record, kSizeParamValue);
-        }
-        st_paramChild child{0, 99999, block};
-        pattern->SetParam(2900, &child, kSizeParamChild);
+    std::int32_t index = 0;
+    for (const auto& [tick, id, azimuth, elevation, distance] : positions) {
+        PutPosition(*pattern, tick);
+        SetNumber(*pattern, 2905, id, index);
+        SetNumber(*pattern, 2908, azimuth, index);
+        SetNumber(*pattern, 2909, elevation, index);
+        SetNumber(*pattern, 2910, distance, index++);
     }
     return pattern;
 }
