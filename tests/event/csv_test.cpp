@@ -23,9 +23,13 @@ std::string Read(const fs::path& path) {
 }
 
 // The answer to the question for the division: yes or no; anything else: it must not be asked.
+int asked = 0;
+
 void Answer(const std::string& answer) {
     Hooks().messageBox = [answer](const CString& text, UINT style) {
+    asked = 0;
         EXPECT_EQ(style, 36U);
+        ++asked;
         EXPECT_THAT(text, testing::StartsWith("Is division of this CSV file 480?\n\nIf NO"));
         return answer == "yes\n"  ? IDYES
                : answer == "no\n" ? IDNO
@@ -60,6 +64,7 @@ TEST(CsvLoad, GivesWhatTheFoldersSay) {
         const auto before = StateOf(store);
         C3DReport report;
         const int code = store.LoadCsv((folder / "in.csv").string(), report);
+        EXPECT_EQ(asked, fs::exists(folder / "answer") ? 1 : 0);
         if (fs::exists(folder / "code")) {
             EXPECT_EQ(std::to_string(code) + "\n", Read(folder / "code"));
             EXPECT_EQ(StateOf(store), before);
