@@ -9,6 +9,7 @@
 #include "params/param_block.h"
 #include "params/pattern_block.h"
 #include "tests/event/event_builders.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/ui_driver.h"
 
 using Lines = std::vector<std::string>;

@@ -10,6 +10,7 @@
 #include "tests/event/event_builders.h"
 #include "tests/support/data.h"
 #include "tests/support/file_limit.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -22,14 +23,14 @@ std::string Read(const fs::path& path) {
     return ReadWholeFile(path.string()).value_or("");
 }
 
-// The answer to the question for the division: yes or no; anything else: it must not be asked.
 int asked = 0;
 
+// The answer to the question for the division: yes or no; anything else: it must not be asked.
 void Answer(const std::string& answer) {
-    Hooks().messageBox = [answer](const CString& text, UINT style) {
     asked = 0;
-        EXPECT_EQ(style, 36U);
+    Hooks().messageBox = [answer](const CString& text, UINT style) {
         ++asked;
+        EXPECT_EQ(style, 36U);
         EXPECT_THAT(text, testing::StartsWith("Is division of this CSV file 480?\n\nIf NO"));
         return answer == "yes\n"  ? IDYES
                : answer == "no\n" ? IDNO
@@ -40,10 +41,8 @@ void Answer(const std::string& answer) {
 // A store that holds to a range under four time signatures.
 C3DEventData RangeStore(std::uint32_t start, std::uint32_t end) {
     C3DEventData store(kRangeMode, start, end);
-    for (const auto& event : {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4),
-                              TimeSig(12000, 6, 8), Position(0, 2000)}) {
-        Add(store, event);
-    }
+    AddAll(store, {TimeSig(0, 3, 4), TimeSig(1440, 4, 4), TimeSig(5280, 2, 4), TimeSig(12000, 6, 8),
+                   Position(0, 2000)});
     return store;
 }
 
@@ -59,8 +58,7 @@ TEST(CsvLoad, GivesWhatTheFoldersSay) {
         HooksScope scope;
         Answer(Read(folder / "answer"));
         C3DEventData store;
-        Add(store, TimeSig(0, 7, 8));
-        Add(store, Position(1, 77));
+        AddAll(store, {TimeSig(0, 7, 8), Position(1, 77)});
         const auto before = StateOf(store);
         C3DReport report;
         const int code = store.LoadCsv((folder / "in.csv").string(), report);

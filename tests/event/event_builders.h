@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "event/event_store.h"
-#include "tests/support/temporary_folder.h"
 
 inline _tagEvent3D Position(std::uint8_t id, std::uint32_t tick, std::uint16_t distance = 1000) {
     _tagEvent3D event;
@@ -35,6 +34,12 @@ inline std::vector<t_tSigMapRec> Map(const C3DEventData& store) {
 /// Adds an event by value and gives what AddEvent gives.
 inline int Add(C3DEventData& store, _tagEvent3D event, int sortFlag = 1) {
     return store.AddEvent(&event, sortFlag);
+}
+
+inline void AddAll(C3DEventData& store, const std::vector<_tagEvent3D>& events) {
+    for (const _tagEvent3D& event : events) {
+        Add(store, event);
+    }
 }
 
 inline int Replace(C3DEventData& store, int index, _tagEvent3D event) {

@@ -44,9 +44,7 @@ TEST(TimeSigMap, ReadsTicksAndMovesLaterRecords) {
 
 TEST(EventStore, OrdersByTickThenTypeThenIdAndTurnsEqualsRound) {
     C3DEventData store;
-    for (const auto& event : {Position(2, 480), Position(1, 480), TimeSig(480, 3, 4)}) {
-        EXPECT_EQ(Add(store, event), 0);
-    }
+    AddAll(store, {Position(2, 480), Position(1, 480), TimeSig(480, 3, 4)});
     EXPECT_THAT(Column(store, &_tagEvent3D::uid), ElementsAre(2, 1, 0));
     Add(store, Position(2, 480));
     EXPECT_THAT(Column(store, &_tagEvent3D::uid), ElementsAre(2, 1, 0, 3));
@@ -82,9 +80,7 @@ TEST(EventStore, CountsByTheLowByteAndStopsAt256) {
 
 TEST(EventStore, RefusesReplacementsInOrder) {
     C3DEventData store(kRangeMode, 0, 5000);
-    Add(store, TimeSig(0, 4, 4));
-    Add(store, TimeSig(1920, 3, 4));
-    Add(store, Position(0, 1920));
+    AddAll(store, {TimeSig(0, 4, 4), TimeSig(1920, 3, 4), Position(0, 1920)});
     const auto before = StateOf(store);
     EXPECT_EQ(Replace(store, 2, Position(0, 5001)), kErrorTimeRange);
     EXPECT_EQ(Replace(store, 2, TimeSig(1920, 3, 4)), kErrorTimeSigExists);
@@ -98,10 +94,8 @@ TEST(EventStore, RefusesReplacementsInOrder) {
 
 TEST(EventStore, LaterTimeSignaturesFollowTheirRecords) {
     C3DEventData store;
-    for (const auto& event : {TimeSig(0, 4, 4), TimeSig(3840, 3, 4), TimeSig(6720, 4, 4),
-                              Position(0, 6720), Position(1, 4800)}) {
-        Add(store, event);
-    }
+    AddAll(store, {TimeSig(0, 4, 4), TimeSig(3840, 3, 4), TimeSig(6720, 4, 4), Position(0, 6720),
+                   Position(1, 4800)});
     store.SetCurrentUid(4);
     EXPECT_EQ(Replace(store, 0, TimeSig(0, 2, 4)), 0);
     EXPECT_THAT(Column(store, &_tagEvent3D::tick), ElementsAre(0, 1920, 4800, 4800, 6720));
@@ -148,9 +142,7 @@ TEST(EventHistory, SelectsAndShowsAndKeepsRedo) {
 
 TEST(EventStore, ViewListFollowsTheFlags) {
     C3DEventData store;
-    for (const auto& event : {TimeSig(0, 4, 4), Position(0, 1), Position(3, 2), Position(9, 3)}) {
-        Add(store, event);
-    }
+    AddAll(store, {TimeSig(0, 4, 4), Position(0, 1), Position(3, 2), Position(9, 3)});
     std::vector<int> view{5};
     store.BuildViewList({0, 0, 0, 9}, view);
     EXPECT_THAT(view, ElementsAre(0, 2));

@@ -161,9 +161,7 @@ RC_GTEST_PROP(HistoryWalk, FreeMode, ()) {
 
 RC_GTEST_PROP(HistoryWalk, RangeMode, ()) {
     C3DEventData store(kRangeMode, 1920, 12000);
-    Add(store, TimeSig(0, 3, 4));
-    Add(store, TimeSig(4320, 4, 4));
-    Add(store, TimeSig(19680, 6, 8));
+    AddAll(store, {TimeSig(0, 3, 4), TimeSig(4320, 4, 4), TimeSig(19680, 6, 8)});
     store.ClearHistory();
     WalkAndReturn(store, false);
 }

@@ -6,6 +6,7 @@
 #include "platform/hooks.h"
 #include "tests/event/event_builders.h"
 #include "tests/params/block_support.h"
+#include "tests/support/temporary_folder.h"
 
 using testing::ElementsAre;
 
@@ -67,10 +68,8 @@ TEST_F(PatternExchange, ReadsWireFormsAndNumbersTheRemarks) {
 
 TEST_F(PatternExchange, StoresAndLoadsTheSameTable) {
     C3DEventData store;
-    for (const auto& event : {TimeSig(0, 4, 4), TimeSig(3840, 6, 8), Position(3, 5000, 12750),
-                              Position(0, 5000, 50), Position(2, 999, 0)}) {
-        Add(store, event);
-    }
+    AddAll(store, {TimeSig(0, 4, 4), TimeSig(3840, 6, 8), Position(3, 5000, 12750),
+                   Position(0, 5000, 50), Position(2, 999, 0)});
     for (int i = 0; i < 5; ++i) {
         store.EventAt(i).azimuth = static_cast<std::int16_t>(-180 + 87 * i);
         store.EventAt(i).elevation = static_cast<std::int16_t>(90 - 45 * i);

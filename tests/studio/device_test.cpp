@@ -5,8 +5,8 @@
 #include "platform/files.h"
 #include "studio/monitor_pane.h"
 #include "studio/port_choice.h"
-#include "tests/event/event_builders.h"
 #include "tests/support/bytes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
