@@ -24,4 +24,11 @@ TEST(Hooks, AnUnsetOneFailsLoudlyInsteadOfWaitingForNobody) {
     const CWaitCursor nobodySees;
 }
 
+TEST(Hooks, TheClockCountsTheMillisecondsOfARest) {
+    const DWORD start = GetTickCount();
+    Sleep(20);
+    const DWORD elapsed = GetTickCount() - start;
+    EXPECT_TRUE(elapsed >= 20 && elapsed < 10'000) << elapsed;
+}
+
 }  // namespace
