@@ -6,11 +6,11 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <thread>
 
 #include "link/local_link.h"
+#include "platform/files.h"
 #include "ports/midi_output.h"
 #include "ports/port_finder.h"
 #include "tests/support/bytes.h"
@@ -47,9 +47,7 @@ struct JackTest : testing::Test {
         EXPECT_TRUE(Await([this] { return !finder.Look().ports.empty(); }));
     }
     std::string Read(const std::string& name) const {
-        std::ostringstream text;
-        text << std::ifstream(folder / name).rdbuf();
-        return text.str();
+        return ReadWholeFile(folder / name).value_or("");
     }
     /// What the listener heard, byte after byte; it writes a line of hexadecimal pairs a message.
     std::string Heard() const {
