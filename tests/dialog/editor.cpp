@@ -7,6 +7,7 @@
 
 #include "platform/qt/widget_access.h"
 #include "res/resources.h"
+#include "tests/params/block_support.h"
 #include "tests/support/bytes.h"
 
 namespace {
@@ -27,19 +28,16 @@ std::vector<_tagEvent3D> Song() {
             TimeSig(1920, 3, 4), Position(1, 1920), Position(2, 3360)};
 }
 
-CQelCPB_3DPattern PatternOf(std::vector<_tagEvent3D> events) {
+CQelCPB_3DPattern PatternOf(const std::vector<_tagEvent3D>& events) {
     C3DEventData store;
-    for (_tagEvent3D& event : events) {
-        EXPECT_EQ(store.AddEvent(&event, 1), 0);
-    }
+    AddAll(store, events);
     CQelCPB_3DPattern pattern;
     store.StoreToPattern(&pattern, "Song");
     return pattern;
 }
 
 CQelCPB_3DPattern WithTimeSigs(CQelCPB_3DPattern pattern, std::vector<t_tSigRec> records) {
-    st_paramTimeSigRecords reference{&records};
-    EXPECT_TRUE(pattern.SetParam(2914, &reference, kSizeReference));
+    EXPECT_TRUE(SetTimeSigs(pattern, std::move(records)));
     return pattern;
 }
 

@@ -23,7 +23,7 @@ inline const std::string kTake =
 
 /// Six events over three measures: 4/4, and 3/4 from measure 2.
 std::vector<_tagEvent3D> Song();
-CQelCPB_3DPattern PatternOf(std::vector<_tagEvent3D> events);
+CQelCPB_3DPattern PatternOf(const std::vector<_tagEvent3D>& events);
 /// The same with other time signatures, as only another program can have written them.
 CQelCPB_3DPattern WithTimeSigs(CQelCPB_3DPattern pattern, std::vector<t_tSigRec> records);
 

@@ -69,7 +69,8 @@ TEST_P(Layout, EveryControlCanBeReachedAndNamed) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Templates, Layout, testing::Range<std::size_t>(0, 4));
+INSTANTIATE_TEST_SUITE_P(Templates, Layout,
+                         testing::Range<std::size_t>(0, OrbixResources().dialogs.size()));
 
 // The editor shows one of the pages at a time.
 TEST(EditorTemplate, UsesNoAccessKeyTwice) {
