@@ -61,7 +61,7 @@ TEST(Autosave, RecoveryNamesBothVersionsAndDoesWhatWasChosen) {
     WriteFileCommitted(file, Stored(3));
     utimensat(AT_FDCWD, file.c_str(), std::array<timespec, 2>{{{86400, 0}, {86400, 0}}}.data(), 0);
     AutosaveSlot slot(folder);
-    const std::string saved = "Saved version: 1970-01-02 ";
+    const std::string saved = "Saved version: 1970-01-02 00:00:00, ";
     const auto offer = [&](const std::string& askedFor) {
         return OfferRecovery(nullptr, folder, askedFor, slot);
     };

@@ -40,6 +40,10 @@ public:
         for (const char* name : {"XDG_RUNTIME_DIR", "XDG_CONFIG_HOME"}) {
             setenv(name, folder_.path().toUtf8().constData(), 1);
         }
+        // What the system says of a file is shown, and when it was written.
+        setenv("LC_ALL", "C.UTF-8", 1);
+        setenv("LANGUAGE", "", 1);
+        setenv("TZ", "UTC", 1);
     }
 
 private:
