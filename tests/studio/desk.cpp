@@ -6,17 +6,17 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <memory>
 
 #include "event/event_store.h"
 #include "params/pattern_form.h"
-#include "params/value_forms.h"
 #include "platform/files.h"
 #include "platform/native.h"
 #include "tests/event/event_builders.h"
+#include "tests/params/block_support.h"
+#include "tests/support/ui_driver.h"
 
 namespace {
 
@@ -45,11 +45,8 @@ std::string TextOf(const QWidget& window) {
 
 }  // namespace
 
-Desk::Desk() {
-    // In memory where there is such a place: bringing files to a disk is what takes long here.
-    const bool inMemory = access("/dev/shm", W_OK) == 0;
-    std::string pattern = std::string(inMemory ? "/dev/shm" : "/tmp") + "/orbix-desk-XXXXXX";
-    folder_ = mkdtemp(pattern.data());
+// In memory where there is such a place: bringing files to a disk is what takes long here.
+Desk::Desk() : folder_(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp") {
     setenv("XDG_DATA_HOME", (folder_ / "data").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
     native::EnsureToolkit();
@@ -59,13 +56,11 @@ Desk::Desk() {
 
 Desk::~Desk() {
     EXPECT_TRUE(scripts_.empty()) << scripts_.size() << " modal windows never came";
-    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
-    std::filesystem::remove_all(folder_);
 }
 
 std::map<std::string, std::string> Desk::Files() const {
     std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(Folder())) {
         files[entry.path()] = ReadWholeFile(entry.path()).value_or("");
     }
     return files;
@@ -89,11 +84,9 @@ Desk& Desk::File(const std::string& name) {
         EXPECT_NE(qobject_cast<QFileDialog*>(&window), nullptr) << TextOf(window);
         if (name.empty()) {
             QTest::keyClick(&window, Qt::Key_Escape);
-            return;
+        } else {
+            EXPECT_TRUE(EnterName(dynamic_cast<QFileDialog&>(window), name));
         }
-        auto* edit = window.findChild<QLineEdit*>("fileNameEdit");
-        edit->setText(QString::fromStdString(name));  // Typed keys bring proposals up.
-        QTest::keyClick(edit, Qt::Key_Return);
     });
 }
 
@@ -137,8 +130,7 @@ CQelCPB_3DPattern Positions(int count, int bad) {
     for (int i = 0; i < bad; ++i) {
         timeSigs.push_back({0, static_cast<std::uint32_t>(i) + 2, 1, 0, 99, 4});
     }
-    st_paramTimeSigRecords reference{&timeSigs};
-    pattern.SetParam(2914, &reference, kSizeReference);
+    SetTimeSigs(pattern, std::move(timeSigs));
     return pattern;
 }
 

@@ -4,12 +4,12 @@
 #include <QTimer>
 #include <QWidget>
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <string>
 
 #include "params/pattern_block.h"
+#include "tests/support/temporary_folder.h"
 
 /// A desk of its own for a test: folders for documents, data and configuration, gone at its end,
 /// and a user who serves the modal windows that come up.
@@ -20,8 +20,8 @@ public:
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
 
-    std::string operator/(const std::string& name) const { return (folder_ / name).string(); }
-    const std::filesystem::path& Folder() const { return folder_; }
+    std::string operator/(const std::string& name) const { return folder_ / name; }
+    const std::string& Folder() const { return folder_.Path(); }
     /// All that is below the folder, with the bytes of the files.
     std::map<std::string, std::string> Files() const;
 
@@ -36,7 +36,7 @@ public:
 private:
     void Serve();
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     QTimer poll_;
     QPointer<QWidget> served_;
     std::deque<std::function<void(QWidget&)>> scripts_;

@@ -200,8 +200,7 @@ TEST_F(StudioWindow, RecentFilesAndFoldersOutliveTheProgram) {
     EXPECT_EQ(StudioSettings().RecentFiles().back(), desk / "1.3dp");
     recent->actions().at(0)->trigger();
     EXPECT_EQ(second.CurrentDocument().File(), odd);
-    EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::patterns),
-              desk.Folder().string());
+    EXPECT_EQ(StudioSettings().LastFolder(StudioSettings::Folder::patterns), desk.Folder());
 
     using Folder = StudioSettings::Folder;
     StudioSettings().NoteFolder(Folder::csvLoad, "/load");

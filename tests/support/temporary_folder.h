@@ -6,10 +6,12 @@
 #include <filesystem>
 #include <string>
 
-/// A new folder, gone with the object.
+/// A new folder, in that for temporary files or another one; gone with the object.
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : path_((parent / "orbix-XXXXXX").string()) {
         EXPECT_NE(::mkdtemp(path_.data()), nullptr);
         // For a test that lays down the rights of its user.
         std::filesystem::permissions(path_, std::filesystem::perms{0755});
@@ -24,5 +26,5 @@ public:
     std::string operator/(const std::string& name) const { return path_ + "/" + name; }
 
 private:
-    std::string path_ = (std::filesystem::temp_directory_path() / "orbix-XXXXXX").string();
+    std::string path_;
 };

@@ -226,7 +226,7 @@ bool WithFileDialog(const std::function<void()>& open,
 bool EnterName(QFileDialog& dialog, const std::string& name) {
     auto& field = *dialog.findChild<QLineEdit*>("fileNameEdit");
     field.setFocus();
-    field.setText(QString::fromStdString(name));
+    field.setText(QString::fromStdString(name));  // Typed keys bring proposals up.
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
     return !dialog.isVisible();
 }
