@@ -76,6 +76,7 @@ private:
     void TakeStatesFromView();
     /// One row's new state, with its notice; false when the rows have changed under it.
     bool ChangeState(int row, UINT state);
+    bool ReportState(int row, UINT before, UINT state);
     void RowsChanged();
     LRESULT NotifyRow(int code, int row, UINT oldState, UINT newState);
     LRESULT AskCustomDraw(DWORD stage, int row, int column, CellColours* colours);

@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <QItemSelectionModel>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/list_peer.h"
@@ -27,12 +28,12 @@ void ListPeer::SetState(int row, UINT state, UINT mask) {
 }
 
 bool ListPeer::ChangeState(int row, UINT state) {
-    const UINT before = model_.Row(row).state;
-    if (before == state) {
-        return true;
-    }
+    const UINT before = std::exchange(model_.Row(row).state, state);
+    return before == state || ReportState(row, before, state);
+}
+
+bool ListPeer::ReportState(int row, UINT before, UINT state) {
     const unsigned generation = generation_;
-    model_.Row(row).state = state;
     statesStale_ = true;
     Schedule();
     NotifyRow(LVN_ITEMCHANGED, row, before, state);
@@ -109,20 +110,33 @@ std::vector<UINT> ListPeer::StatesOfView() const {
     return states;
 }
 
-// The rows that lose something come first, as the user's click takes the old mark away before it
-// sets the new one.
+// All rows have their new state before the first notice: a handler that looks at the whole list
+// would else take what is left of the old selection, one row say, for the user's choice. The rows
+// that lose something come first, as the user's click takes the old mark away before it sets the
+// new one.
 void ListPeer::TakeStatesFromView() {
     if (!std::exchange(viewTouched_, false) || rowsStale_ || Record() == nullptr) {
         return;
     }
-    const std::vector<UINT> states = StatesOfView();
-    for (const bool losing : {true, false}) {
-        for (int row = 0; row < static_cast<int>(states.size()); ++row) {
-            const UINT state = states[static_cast<std::size_t>(row)];
-            const bool loses = (model_.Row(row).state & ~state) != 0;
-            if (loses == losing && !ChangeState(row, state)) {
-                return;
-            }
+    struct Change {
+        int row;
+        UINT before;
+        UINT state;
+    };
+    std::vector<Change> changes;
+    for (int row = 0; const UINT state : StatesOfView()) {
+        const UINT before = std::exchange(model_.Row(row).state, state);
+        if (before != state) {
+            changes.push_back({row, before, state});
+        }
+        ++row;
+    }
+    std::stable_partition(changes.begin(), changes.end(), [](const Change& change) {
+        return (change.before & ~change.state) != 0;
+    });
+    for (const Change& change : changes) {
+        if (!ReportState(change.row, change.before, change.state)) {
+            return;
         }
     }
 }

@@ -94,10 +94,15 @@ TEST_F(List, AUsersSelectionIsNoticedLosersFirst) {
         user.ClickRow(kList, 2, Qt::ControlModifier);
         EXPECT_EQ(user.SelectedRows(kList), (Numbers{1, 3}));
         TakeLog();
+        dialog_.onMessage = [&](UINT, WPARAM, LPARAM) {
+            EXPECT_EQ(user.SelectedRows(kList), Numbers{1}) << "all rows are what they become";
+            return false;
+        };
         user.Key(Qt::Key_Up);
         EXPECT_EQ(TakeLog(),
                   "20 notify -101 row 2 1->0; 20 notify -101 row 3 2->0; "
                   "20 notify -101 row 1 2->3");
+        dialog_.onMessage = nullptr;
         // A right click is noticed after its selection.
         user.ClickRow(kList, 2, Qt::NoModifier, Qt::RightButton);
         EXPECT_EQ(TakeLog(),
