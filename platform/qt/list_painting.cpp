@@ -35,6 +35,7 @@ void ListPeer::AskCellColours(int row, int column, CellColours& colours) {
     }
 }
 
+// A paint of the view's inner widget may come straight from the toolkit, with no message behind it.
 LRESULT ListPeer::AskCustomDraw(DWORD stage, int row, int column, CellColours* colours) {
     if (Record() == nullptr) {
         return CDRF_DODEFAULT;
@@ -49,7 +50,8 @@ LRESULT ListPeer::AskCustomDraw(DWORD stage, int row, int column, CellColours* c
         notice.clrText = FromColour(colours->text);
         notice.clrTextBk = FromColour(colours->background);
     }
-    const LRESULT answer = dispatch::Notify(notice.hdr);
+    LRESULT answer = CDRF_DODEFAULT;
+    CallOut([&] { answer = dispatch::Notify(notice.hdr); });
     if (colours != nullptr && answer == CDRF_NEWFONT) {
         *colours = {ToColour(notice.clrText), ToColour(notice.clrTextBk)};
     }

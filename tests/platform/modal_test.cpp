@@ -61,6 +61,7 @@ TEST_F(Modal, AHandlerMayTakeTheWindowApartOrThrow) {
         {WM_HSCROLL, [](auto&, auto& user) { user.Key(kSlider, Qt::Key_Right); }},
         {WM_TIMER, [](auto& dialog, auto&) { dialog.SetTimer(1, 0); }},
         {WM_PAINT, [](auto& dialog, auto&) { dialog.Invalidate(); }},
+        {WM_NOTIFY, [](auto&, auto& user) { user.Widget(kList).grab(); }},
         {WM_CLOSE, [](auto& dialog, auto&) { WidgetOfWindow(dialog.m_hWnd)->close(); }}};
     for (const auto& [message, send] : kinds) {
         SCOPED_TRACE(message);
