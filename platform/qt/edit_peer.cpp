@@ -115,7 +115,8 @@ LRESULT EditPeer::DefaultMessage(UINT message, WPARAM wParam, LPARAM) {
             copy();
             break;
         case WM_CUT:
-            cut();
+            // The toolkit would cut what may only be read, too.
+            isReadOnly() ? copy() : cut();
             break;
         case WM_UNDO:
             if (!isReadOnly()) {

@@ -70,6 +70,13 @@ TEST_F(Input, ClipboardKeysOfAnEditArriveAsMessages) {
         EXPECT_EQ(user.Text(kName), "ab");
         user.Key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(user.Text(kName), "");
+        // What may only be read stays.
+        dialog_.page.GetDlgItem(kReadOnlyEdit)->SetWindowText("7");
+        DialogDriver(dialog_.page).Widget(kReadOnlyEdit).setFocus();
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_X, Qt::Key_V, Qt::Key_Z}) {
+            user.Key(key, Qt::ControlModifier);
+        }
+        EXPECT_EQ(dialog_.page.GetDlgItem(kReadOnlyEdit)->GetWindowText(), "7");
     });
 }
 

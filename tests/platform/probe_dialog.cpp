@@ -37,7 +37,7 @@ constexpr std::array<ControlTemplate, 20> kControls{{
 }};
 
 constexpr std::array<ControlTemplate, 2> kPageControls{{
-    {edit, 50, "", 3, 3, 40, 12, kTabStop, nullptr, {}},
+    {edit, kReadOnlyEdit, "", 3, 3, 40, 12, kTabStop | kReadOnly, nullptr, {}},
     {slider, 51, "", 3, 18, 60, 10, kTabStop, nullptr, {}},
 }};
 

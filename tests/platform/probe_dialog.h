@@ -17,7 +17,7 @@
 namespace probe {
 
 inline constexpr int kPlace = 9, kNumber = 10, kSpin = 11, kName = 12, kList = 20, kSlider = 30;
-inline constexpr int kTab = 40, kCombo = 70, kLabel = 80, kPainted = 81;
+inline constexpr int kTab = 40, kReadOnlyEdit = 50, kCombo = 70, kLabel = 80, kPainted = 81;
 inline constexpr int kBox = 60, kAutoBox = 61, kStayButton = 62, kButton = 90, kDimButton = 91;
 inline constexpr int kRadioA = 63, kRadioB = 64, kRadioC = 65;
 
