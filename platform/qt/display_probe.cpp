@@ -9,6 +9,7 @@
 #include <QLibraryInfo>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -77,19 +78,34 @@ bool WaylandReachable() {
     return SocketAnswers(name.front() == '/' ? name : Environment("XDG_RUNTIME_DIR") + '/' + name);
 }
 
-}  // namespace
-
-bool DisplayReachable() {
-    const std::string wanted = Environment("QT_QPA_PLATFORM");
-    const std::string_view first = std::string_view(wanted).substr(0, wanted.find_first_of(":;"));
-    if (first == "xcb") {
+// A platform's name, with arguments behind a colon.
+bool IsReachable(std::string_view platform) {
+    const std::string_view name = platform.substr(0, platform.find(':'));
+    if (name == "xcb") {
         return XServerReachable();
     }
-    if (first.substr(0, 7) == "wayland") {
+    if (name.starts_with("wayland")) {
         return WaylandReachable();
     }
     // What else can be asked for (offscreen, a frame buffer) needs no server.
-    return !first.empty() || XServerReachable() || WaylandReachable();
+    return !name.empty();
+}
+
+}  // namespace
+
+// The toolkit takes the first of several platforms that works.
+bool DisplayReachable() {
+    const std::string wanted = Environment("QT_QPA_PLATFORM");
+    if (wanted.empty()) {
+        return XServerReachable() || WaylandReachable();
+    }
+    std::istringstream platforms(wanted);
+    for (std::string platform; std::getline(platforms, platform, ';');) {
+        if (IsReachable(platform)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace toolkit

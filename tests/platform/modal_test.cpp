@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "platform/native.h"
+#include "platform/qt/display_probe.h"
 #include "platform/qt/widget_access.h"
 #include "tests/platform/probe_dialog.h"
 
@@ -88,6 +89,16 @@ TEST_F(Modal, AToolTipThatIsLeftOpenGoesWithTheToolkit) {
         std::exit(0);  // NOLINT(concurrency-mt-unsafe): the exit is what is tested
     };
     EXPECT_EXIT(runAndExit(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Modal, OpensOnAnyOfTheDisplaysAskedFor) {
+    const QByteArray before = qgetenv("QT_QPA_PLATFORM");
+    for (const auto& [asked, reachable] :
+         {std::pair(";", false), {"wayland:a", false}, {"wayland;offscreen:b", true}}) {
+        qputenv("QT_QPA_PLATFORM", asked);
+        EXPECT_EQ(toolkit::DisplayReachable(), reachable) << asked;
+    }
+    qputenv("QT_QPA_PLATFORM", before);
 }
 
 TEST_F(Modal, ItCanEndBeforeItBegins) {
