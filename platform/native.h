@@ -118,7 +118,6 @@ void SetIcon(HWND button, UINT iconId);
 int RadioGroupSize(HWND dialog, int firstId);
 HWND RadioGroupMember(HWND dialog, int firstId, int place);
 
-void EditSetLimit(HWND edit, int bytes);
 void EditGetSelection(HWND edit, int& start, int& end);
 void EditSetSelection(HWND edit, int start, int end);
 

@@ -163,12 +163,6 @@ void EditPeer::Paste() {
 
 namespace native {
 
-void EditSetLimit(HWND edit, int bytes) {
-    if (auto* peer = toolkit::PeerAs<toolkit::EditPeer>(edit)) {
-        peer->SetLimit(bytes);
-    }
-}
-
 void EditGetSelection(HWND edit, int& start, int& end) {
     start = 0;
     end = 0;

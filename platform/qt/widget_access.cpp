@@ -5,7 +5,3 @@
 QWidget* WidgetOfWindow(HWND window) {
     return window == nullptr ? nullptr : window->widget;
 }
-
-HWND WindowOfWidget(const QWidget* widget) {
-    return toolkit::WindowOf(widget);
-}

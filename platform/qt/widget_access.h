@@ -7,5 +7,3 @@ class QWidget;
 /// The toolkit's widget of a window, for the desktop host and the tests; null without one. The
 /// widget belongs to the window.
 QWidget* WidgetOfWindow(HWND window);
-/// The window that a widget of ours, or a widget inside one, belongs to.
-HWND WindowOfWidget(const QWidget* widget);
