@@ -108,8 +108,8 @@ void DrawLineRun(const Raster& raster, const LineRun& run, const Stroke& stroke)
 }
 
 void BlendMask(const Raster& raster, QPoint place, const Mask& mask, QRgb colour) {
-    QRgb* corner = raster.pixels + place.y() * raster.stride + place.x();
     if (raster.clip.contains(mask.box.translated(place))) {
+        QRgb* corner = raster.Row(place.y()) + place.x();
         for (const MaskPixel& pixel : mask.pixels) {
             QRgb& target = corner[pixel.y * raster.stride + pixel.x];
             target = Blend(target, colour, pixel.weight);
@@ -117,8 +117,9 @@ void BlendMask(const Raster& raster, QPoint place, const Mask& mask, QRgb colour
         return;
     }
     for (const MaskPixel& pixel : mask.pixels) {
-        if (raster.clip.contains(place.x() + pixel.x, place.y() + pixel.y)) {
-            QRgb& target = corner[pixel.y * raster.stride + pixel.x];
+        const QPoint at = place + QPoint(pixel.x, pixel.y);
+        if (raster.clip.contains(at)) {
+            QRgb& target = raster.Row(at.y())[at.x()];
             target = Blend(target, colour, pixel.weight);
         }
     }
