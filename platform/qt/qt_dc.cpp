@@ -10,9 +10,9 @@ namespace toolkit {
 
 namespace {
 
-// The toolkit's own copy of a line: device pixels from `from` up to, not with, `to`, where the
-// last logical pixel of a line begins. Going down the axis, the first logical pixel's far end
-// comes first.
+// A line's way along its longer axis, in device pixels: from `from` to the one before `to`, with
+// which the last logical pixel, left out, begins. A line down the axis begins at the far end of its
+// first logical pixel.
 struct Axis {
     int from;
     int to;

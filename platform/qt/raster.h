@@ -55,8 +55,8 @@ void FillBox(const Raster& raster, const QRect& box, QRgb colour);
 /// An ellipse that fills the box exactly, outline inside it.
 void DrawEllipse(const Raster& raster, const QRect& box, const Stroke& stroke, QRgb fill);
 
-/// A run of `count` pixels from the start in direction (stepX, stepY), one of which is 1 or -1 and
-/// moves by whole pixels; the other axis moves by `drift` in 1/65536 pixel.
+/// A line of `count` pixels from the start: each moves `step`, 1 or -1, along one axis and `drift`,
+/// in 1/65536 pixel, along the other.
 struct LineRun {
     QPoint start;
     int count = 0;
