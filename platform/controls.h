@@ -7,7 +7,8 @@
 
 /// The standard controls. Changing one by program is silent (no notification to the dialog), but
 /// for the text of an edit, which raises EN_CHANGE, and the selection of a list, which raises
-/// LVN_ITEMCHANGED for each row whose state really changes: deselected rows first.
+/// LVN_ITEMCHANGED for each row whose state really changes: deselected rows first. What the user
+/// selects raises the same, but only when all rows have their new state.
 
 /// One thing that is painted inside a window and has no window of its own, as a screen reader is
 /// told of it.
