@@ -194,6 +194,8 @@ private:
         CBitmap frame;
     };
 
+    /// Toward zero, and held to where a few more can be added.
+    static int Pixel(double value);
     Frame FrameOf(int plane) const;
     POINT ProjectPoint(int plane, const tag3DGraphPoint& point) const;
     const tag3DGraphPoint* PointAt(int id, int index) const;

@@ -18,12 +18,7 @@ constexpr int kMargin = 15;
 /// How far behind its edge the circle still takes the mouse.
 constexpr int kCircleSlack = 3;
 
-/// Pixels stay where a few more can be added to them.
 constexpr int kFarthestPixel = 1 << 29;
-
-int Pixel(double value) {
-    return std::clamp(Truncate(value), -kFarthestPixel, kFarthestPixel);
-}
 
 constexpr bool IsId(int id) {
     return id >= 0 && id < kSourceCount;
@@ -155,6 +150,10 @@ int C3DGraph::IsInZoom(std::uint16_t distance) const {
 
 bool C3DGraph::IsShown(const tag3DGraphPoint& point) const {
     return point.visible == 1 && IsInZoom(point.distance) == 1;
+}
+
+int C3DGraph::Pixel(double value) {
+    return std::clamp(Truncate(value), -kFarthestPixel, kFarthestPixel);
 }
 
 C3DGraph::Frame C3DGraph::FrameOf(int plane) const {

@@ -111,8 +111,8 @@ void C3DGraph::DrawCircles(CDC* dc, int plane) const {
         const double length = Truncate(m_dRings.at(ring));
         const double across = frame.width * length / m_dZoom;
         const double up = frame.height * length / m_dZoom;
-        dc->Ellipse(Truncate(frame.cx - across), Truncate(frame.cy - up),
-                    Truncate(frame.cx + across) + 1, Truncate(frame.cy + up) + 1);
+        dc->Ellipse(Pixel(frame.cx - across), Pixel(frame.cy - up), Pixel(frame.cx + across) + 1,
+                    Pixel(frame.cy + up) + 1);
     }
 }
 

@@ -104,6 +104,10 @@ TEST_F(GraphTest, AChangeOfViewRepaints) {
     graph.SetZoom(&dialog, &dc, 2000.0, 5, nullptr);  // Without a table there are no rings.
     EXPECT_FALSE(With(log, "\"2.00\"").empty());
     EXPECT_TRUE(With(log, "7F7F7F").empty());
+    const double ring = 500.0;
+    log.clear();
+    graph.SetZoom(&dialog, &dc, 0.0, 1, &ring);  // A host's: as far out as pixels go.
+    EXPECT_FALSE(With(log, "536870913").empty());
     for (const auto set : {&C3DGraph::SetXReverse, &C3DGraph::SetYReverse, &C3DGraph::SetZReverse,
                            &C3DGraph::SetIndexView, &C3DGraph::SetIndexLine}) {
         log.clear();
