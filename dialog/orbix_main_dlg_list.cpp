@@ -67,7 +67,8 @@ void COrbixMainDlg::OnNMRclickList3DEvent(NMHDR* /*header*/, LRESULT* /*result*/
     }
     const UINT command =
         TrackPopupMenu(m_hWnd, {{kShowGraph, "Show Graph"}, {kHideGraph, "Hide Graph"}});
-    if (command != kShowGraph && command != kHideGraph) {
+    // While the menu stood open a host may have taken another table.
+    if ((command != kShowGraph && command != kHideGraph) || manager_.SelectedEvents(rows) == 0) {
         return;
     }
     for (const int row : rows) {

@@ -2,6 +2,7 @@
 
 #include <QSlider>
 
+#include "platform/hooks.h"
 #include "platform/qt/widget_access.h"
 #include "tests/dialog/editor.h"
 
@@ -52,6 +53,19 @@ TEST(Commands, The257thEventOfAnIdIsRefused) {
         EXPECT_EQ(editor.State(), before);
         editor.dialog.SetCurrentMoveFromCallback(1, 8, Position(0, 0, 500));  // A drag's does.
         EXPECT_EQ(editor.Rows()[9], "0* - 1 1 8 1 0.50 0 0");
+    });
+}
+
+TEST(Commands, AHostMaySetAnotherTableBehindAnOpenMenu) {
+    Editor editor(PatternOf(Song()));
+    CQelCPB_3DPattern other = PatternOf({TimeSig(0, 3, 4)});
+    Hooks().popupMenu = [&](HWND, const std::vector<MenuItem>& items) {
+        editor.dialog.Reset3DManagerByTool3DPattern(&other);
+        return items.at(1).command;
+    };
+    editor.Run([&] {
+        editor.ClickRow(4, Qt::NoModifier, Qt::RightButton);
+        EXPECT_EQ(editor.Rows(), Lines{"3* 3 / 4 1 1 0 - - - -"});
     });
 }
 
