@@ -97,7 +97,10 @@ bool IsReachable(std::string_view platform) {
 bool DisplayReachable() {
     const std::string wanted = Environment("QT_QPA_PLATFORM");
     if (wanted.empty()) {
-        return XServerReachable() || WaylandReachable();
+        // Else it tries X alone, though a Wayland session of the same user may run on the machine.
+        const bool isWayland = !Environment("WAYLAND_DISPLAY").empty() ||
+                               Environment("XDG_SESSION_TYPE") == "wayland";
+        return XServerReachable() || (isWayland && WaylandReachable());
     }
     std::istringstream platforms(wanted);
     for (std::string platform; std::getline(platforms, platform, ';');) {
