@@ -19,9 +19,9 @@ inline constexpr std::size_t kLongestFile = std::size_t{256} << 20;
 ORBIX_API std::optional<std::string> ReadWholeFile(const CString& path, CString* reason = nullptr);
 
 /// Writes `bytes` to a new file beside `path`, brings it to the disk and renames it over `path`,
-/// so that the file is there whole or stays as it was. A symbolic link is written through, the
-/// old file's mode is kept. False on failure, with the system's words in `reason`; nothing of the
-/// attempt is left behind.
+/// so that the file is there whole or stays as it was. A symbolic link to a file is written through,
+/// the old file's mode is kept; a pipe or a device is refused. False on failure, with the words for
+/// it in `reason`; nothing of the attempt is left behind.
 ORBIX_API bool WriteFileCommitted(const CString& path, std::string_view bytes,
                                   CString* reason = nullptr);
 
@@ -29,7 +29,8 @@ ORBIX_API bool WriteFileCommitted(const CString& path, std::string_view bytes,
 enum class WriteOutcome { written, notOpened, cutShort };
 
 /// Opens `path` for writing, truncating it, and writes `bytes`. `written` takes the number of
-/// bytes that went out. Nothing written at all counts as notOpened.
+/// bytes that went out. Nothing written at all counts as notOpened, and so does a pipe or a device:
+/// opening it may wait for ever.
 WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::size_t& written);
 
 /// False when it is known that a file of so many bytes can't be written at `path`: its file system

@@ -34,9 +34,9 @@ private:
     int number_;
 };
 
-bool Fail(CString* reason) {
+bool Fail(CString* reason, const CString& words = os::LastErrorText()) {
     if (reason != nullptr) {
-        *reason = os::LastErrorText();
+        *reason = words;
     }
     return false;
 }
@@ -120,6 +120,10 @@ std::optional<std::string> ReadWholeFile(const CString& path, CString* reason) {
 
 bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* reason) {
     const std::string target = ResolveLinks(path);
+    // The rename would put a plain file in its place.
+    if (KindOfPath(target) == PathKind::other) {
+        return Fail(reason, "not a plain file");
+    }
     // Renaming over a file asks no leave of the file itself; a read-only file must stay as it is.
     if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) {
         return Fail(reason);
@@ -143,6 +147,9 @@ bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* re
 
 WriteOutcome WriteFileInPlace(const CString& path, std::string_view bytes, std::size_t& written) {
     written = 0;
+    if (KindOfPath(path) == PathKind::other) {
+        return WriteOutcome::notOpened;
+    }
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     if (!file.IsOpen()) {
         return WriteOutcome::notOpened;

@@ -1,5 +1,7 @@
 #include "platform/files.h"
 
+#include <sys/stat.h>
+
 #include "tests/support/file_limit.h"
 #include "tests/support/temporary_folder.h"
 
@@ -45,12 +47,16 @@ TEST_F(Files, AFailureSaysWhyAndLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(reason, "No such file or directory");
     fs::create_directory(folder_ / "folder");
     EXPECT_FALSE(WriteFileCommitted(folder_ / "folder", "x", &reason));
-    EXPECT_NE(reason, "No such file or directory");
+    EXPECT_EQ(reason, "Is a directory");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(WriteFileCommitted(folder_ / "pipe", "x", &reason));
+    EXPECT_EQ(reason, "not a plain file");
+    EXPECT_EQ(KindOfPath(folder_ / "pipe"), PathKind::other) << "still there";
     EXPECT_EQ(ReadWholeFile(folder_ / "folder", &reason), std::nullopt);
     EXPECT_EQ(reason, "Is a directory");
     EXPECT_EQ(ReadWholeFile(folder_ / "none", &reason), std::nullopt);
     EXPECT_EQ(reason, "No such file or directory");
-    EXPECT_EQ(EntryCount(), 2);
+    EXPECT_EQ(EntryCount(), 3);
 }
 
 TEST_F(Files, WritingInPlaceTellsHowMuchWentOut) {
@@ -65,6 +71,8 @@ TEST_F(Files, WritingInPlaceTellsHowMuchWentOut) {
               WriteOutcome::cutShort);
     EXPECT_EQ(written, 1000U);
     EXPECT_EQ(fs::file_size(folder_ / "file"), 1000U);
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(WriteFileInPlace(folder_ / "pipe", "abc", written), WriteOutcome::notOpened);
 }
 
 TEST_F(Files, RoomIsRefusedOnlyWhereItIsKnownToLack) {
