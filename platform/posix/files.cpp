@@ -7,8 +7,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <filesystem>
 #include <utility>
 
@@ -63,14 +64,26 @@ std::string ResolveLinks(const CString& path) {
     return error ? path : resolved.string();
 }
 
-mode_t ModeForNewFile(const std::string& path) {
+std::optional<mode_t> ModeOf(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) == 0) {
-        return status.st_mode & 07777U;
-    }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666U & ~mask;
+    return ::stat(path.c_str(), &status) == 0 ? std::optional(status.st_mode & 07777U)
+                                              : std::nullopt;
+}
+
+// Makes a file beside `target`, under a name that `made` takes. The name is short whatever the
+// target's is: a name of 255 bytes leaves no room to add to. It is made by open, which holds `mode`
+// to the user's mask: asking for the mask means to change it, for all threads of the host.
+int MakeFileBeside(const std::string& target, mode_t mode, std::string& made) {
+    static std::atomic<std::uint32_t> number = os::TickCount();
+    const std::filesystem::path folder = std::filesystem::path(target).parent_path();
+    int descriptor = -1;
+    do {
+        char name[16];
+        std::snprintf(name, sizeof name, ".orbix-%06x", number++ & 0xFFFFFFU);
+        made = (folder / name).string();
+        descriptor = ::open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    } while (descriptor < 0 && errno == EEXIST);
+    return descriptor;
 }
 
 // A rename is on the disk only when its folder is.
@@ -83,9 +96,9 @@ void SyncFolderOf(const std::string& path) {
     }
 }
 
-bool WriteAndClose(Descriptor& file, std::string_view bytes, mode_t mode) {
-    return WriteAll(file.Get(), bytes) == bytes.size() && ::fchmod(file.Get(), mode) == 0 &&
-           ::fsync(file.Get()) == 0 && file.Close();
+bool WriteAndClose(Descriptor& file, std::string_view bytes, std::optional<mode_t> mode) {
+    return WriteAll(file.Get(), bytes) == bytes.size() &&
+           (!mode || ::fchmod(file.Get(), *mode) == 0) && ::fsync(file.Get()) == 0 && file.Close();
 }
 
 bool ReadToEnd(int descriptor, std::string& bytes) {
@@ -128,15 +141,15 @@ bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* re
     if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) {
         return Fail(reason);
     }
-    const mode_t mode = ModeForNewFile(target);
-    // The name is short whatever the target's is: a name of 255 bytes leaves no room to add to.
-    std::string temporary =
-        (std::filesystem::path(target).parent_path() / ".orbix-XXXXXX").string();
-    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    const std::optional<mode_t> oldMode = ModeOf(target);
+    // What may be secret is not shown to others for a moment.
+    const mode_t firstMode = oldMode ? S_IRUSR | S_IWUSR : 0666;
+    std::string temporary;
+    Descriptor file(MakeFileBeside(target, firstMode, temporary));
     if (!file.IsOpen()) {
         return Fail(reason);
     }
-    if (!WriteAndClose(file, bytes, mode) || ::rename(temporary.c_str(), target.c_str()) != 0) {
+    if (!WriteAndClose(file, bytes, oldMode) || ::rename(temporary.c_str(), target.c_str()) != 0) {
         Fail(reason);
         ::unlink(temporary.c_str());
         return false;

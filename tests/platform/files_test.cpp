@@ -24,16 +24,19 @@ protected:
     const TemporaryFolder folder_;
 };
 
-TEST_F(Files, ACommitKeepsTheOldFilesModeAndLinks) {
+TEST_F(Files, ACommitKeepsTheUsersMaskTheOldFilesModeAndLinks) {
     const std::string bytes("a\0b\r\n", 5), longest(255, 'n');
+    const mode_t mask = umask(026);
     EXPECT_TRUE(WriteFileCommitted(folder_ / longest, bytes));
+    EXPECT_EQ(umask(mask), 026U);
     EXPECT_EQ(ReadWholeFile(folder_ / longest), bytes);
-    fs::permissions(folder_ / longest, fs::perms(0640));
+    EXPECT_EQ(fs::status(folder_ / longest).permissions(), fs::perms(0640));
+    fs::permissions(folder_ / longest, fs::perms(0602));
     fs::create_symlink(longest, folder_ / "link");
     EXPECT_TRUE(WriteFileCommitted(folder_ / "link", ""));
     EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
     EXPECT_EQ(ReadWholeFile(folder_ / longest), "");
-    EXPECT_EQ(fs::status(folder_ / longest).permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::status(folder_ / longest).permissions(), fs::perms(0602));
     EXPECT_EQ(EntryCount(), 2);
 }
 
