@@ -1,14 +1,14 @@
 #include "platform/hooks.h"
 
-#include <atomic>
 #include <stdexcept>
 
 #include "platform/system.h"
 
 namespace {
 
-// A transfer may wait on a worker thread.
-std::atomic<int> waitCursorDepth = 0;
+// Each thread counts its own: a transfer may wait on a worker, which must not put out the cursor
+// of the user interface.
+thread_local int waitCursorDepth = 0;
 
 template <typename Hook>
 const Hook& Installed(const Hook& hook, const char* name) {

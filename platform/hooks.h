@@ -16,7 +16,8 @@ struct MenuItem {
 /// What the library asks of its surroundings, replaceable at run time: the toolkit fills in what
 /// is empty when it starts, the command line and the tests put their own in place. A hook that is
 /// asked while it is empty raises std::logic_error, because nothing may wait on a box that nobody
-/// sees. Main thread only, but for tickCount and sleep, which are set before threads start.
+/// sees. Main thread only, but for tickCount, sleep and waitCursor, which are set before threads
+/// start.
 struct PlatformHooks {
     /// Shows a text with buttons and icon by `style` (MB_ values), gives the ID of the answer.
     std::function<int(const CString& text, UINT style)> messageBox;
@@ -26,7 +27,8 @@ struct PlatformHooks {
     std::function<std::optional<CString>()> clipboardText;
     /// State of a key or mouse button by VK_ number; the high bit (negative) means down.
     std::function<short(int key)> keyState;
-    /// Called with true when a wait cursor begins and with false when the last one ends.
+    /// Called with true when a thread's first wait cursor begins and with false when its last one
+    /// ends, on that thread. The toolkit's own does nothing on other threads than its own.
     std::function<void(bool)> waitCursor;
     /// Milliseconds since some moment, wrapping at 32 bits. Set from the start.
     std::function<DWORD()> tickCount;
@@ -69,7 +71,7 @@ inline constexpr int IDNO = 7;
 /// Shows `text` through the messageBox hook and gives the ID of the answer.
 ORBIX_API int AfxMessageBox(const CString& text, UINT style = MB_OK);
 
-/// The wait cursor while an object of this class lives; nests.
+/// The wait cursor while an object of this class lives; nests. Any thread.
 class ORBIX_API CWaitCursor {
 public:
     CWaitCursor();
@@ -80,6 +82,7 @@ public:
 
 /// Shows a menu at the cursor and gives the chosen command, 0 for none.
 UINT TrackPopupMenu(HWND owner, const std::vector<MenuItem>& items);
+// Each of these asks the hook of that meaning.
 std::optional<CString> GetClipboardText();
 short GetKeyState(int key);
 DWORD GetTickCount();

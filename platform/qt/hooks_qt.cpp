@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QThread>
 
 #include "platform/hooks.h"
 #include "platform/qt/convert.h"
@@ -119,7 +120,11 @@ std::optional<CString> ClipboardText() {
     return FromQt(data->text());
 }
 
+// The user waits for the toolkit's thread alone, and only that may touch the cursor.
 void ShowWaitCursor(bool on) {
+    if (QThread::currentThread() != QCoreApplication::instance()->thread()) {
+        return;
+    }
     if (on) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     } else {

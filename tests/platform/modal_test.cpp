@@ -1,3 +1,4 @@
+#include <QGuiApplication>
 #include <QToolTip>
 #include <QWidget>
 #include <cstdlib>
@@ -111,8 +112,14 @@ TEST_F(Modal, ItCanEndBeforeItBegins) {
     EXPECT_EQ(early.DoModal(), 12);
     EXPECT_EQ(CDialog(999).DoModal(), -1) << "no such template";
     int result = 0;
-    std::thread([&] { result = dialog_.DoModal(); }).join();
+    const QCursor* cursor = nullptr;
+    std::thread([&] {
+        const CWaitCursor wait;
+        cursor = QGuiApplication::overrideCursor();
+        result = dialog_.DoModal();
+    }).join();
     EXPECT_EQ(result, -1) << "a foreign thread";
+    EXPECT_EQ(cursor, nullptr) << "nor has it a cursor";
     EXPECT_EQ(dialog_.m_hWnd, nullptr);
 }
 
