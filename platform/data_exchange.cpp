@@ -19,8 +19,13 @@ bool ParseInteger(const CString& text, int& value) {
     while (first != last && *first == ' ') {
         ++first;
     }
-    const auto [end, error] = std::from_chars(first, last, value);
-    return error == std::errc() && end == last;
+    int parsed = 0;
+    const auto [end, error] = std::from_chars(first, last, parsed);
+    if (error != std::errc() || end != last) {
+        return false;
+    }
+    value = parsed;
+    return true;
 }
 
 [[noreturn]] void Refuse(CDataExchange* exchange, const CString& words) {

@@ -22,7 +22,7 @@ public:
 /// Puts `control` in the place of the plain object of control `id`, the first time it runs.
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 void DDX_Text(CDataExchange* exchange, int id, CString& value);
-/// A text that is no whole number fails with a message to the user.
+/// A text that is no whole number fails with a message to the user and leaves the value.
 void DDX_Text(CDataExchange* exchange, int id, int& value);
 /// The radio group that begins with control `firstId`: the index of the checked one, -1 for none.
 void DDX_Radio(CDataExchange* exchange, int firstId, int& index);

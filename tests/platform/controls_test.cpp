@@ -58,6 +58,30 @@ TEST_F(Controls, AnEditNotifiesUnlessUpdateDataRunsAndLimitsTypingInBytes) {
     });
 }
 
+TEST_F(Controls, ANumberThatIsNoneIsRefusedAndChangesNothing) {
+    HooksScope hooks;
+    std::string words;
+    Hooks().messageBox = [&words](const CString& text, UINT) {
+        words = text;
+        return IDOK;
+    };
+    Run([&](DialogDriver&) {
+        CDataExchange exchange(&dialog_, TRUE);
+        int value = 7;
+        for (const char* text : {"", "12x", "1-2", "2147483648"}) {
+            dialog_.number.SetWindowText(text);
+            dialog_.name.SetFocus();
+            EXPECT_THROW(DDX_Text(&exchange, kNumber, value), CDataExchange::Failure) << text;
+            EXPECT_EQ(std::exchange(words, ""), "Please enter an integer.");
+            EXPECT_EQ(value, 7) << text;
+            EXPECT_EQ(CWnd::GetFocus(), &dialog_.number);
+        }
+        dialog_.number.SetWindowText(" -12");
+        DDX_Text(&exchange, kNumber, value);
+        EXPECT_EQ(value, -12);
+    });
+}
+
 TEST_F(Controls, ASpinStepsTheNumberInItsBuddy) {
     Run([&](DialogDriver& user) {
         auto& spin = dialog_.Item<CSpinButtonCtrl>(kSpin);
