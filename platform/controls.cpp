@@ -98,8 +98,7 @@ void CSpinButtonCtrl::SetPos(int position) {
 }
 
 CWnd* CSpinButtonCtrl::GetBuddy() const {
-    HWND buddy = native::SpinBuddy(m_hWnd);
-    return buddy == nullptr ? nullptr : native::GetOwner(buddy);
+    return native::GetOwner(native::SpinBuddy(m_hWnd));
 }
 
 void CImageList::Create(int width, int height) {

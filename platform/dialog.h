@@ -33,8 +33,6 @@ public:
     void EndDialog(int result);
     void DestroyWindow();
 
-    UINT GetTemplateId() const { return templateId_; }
-
 protected:
     UINT templateId_ = 0;
 

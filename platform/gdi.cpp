@@ -5,7 +5,7 @@
 #include "platform/dialog_template.h"
 
 bool CBitmap::LoadBitmap(UINT id) {
-    DeleteObject();
+    *this = CBitmap();
     const PictureResource* picture = FindBitmap(id);
     if (picture == nullptr) {
         return false;
@@ -13,10 +13,6 @@ bool CBitmap::LoadBitmap(UINT id) {
     resourceId_ = id;
     size_ = {picture->size, picture->size};
     return true;
-}
-
-void CBitmap::DeleteObject() {
-    *this = CBitmap();
 }
 
 void CBitmap::SetStorage(std::shared_ptr<BitmapStorage> storage, SIZE size) {

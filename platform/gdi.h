@@ -50,7 +50,6 @@ public:
     /// Binds the picture resource with this number; false, and the bitmap empty, when there is
     /// none. Drawn when it is first used, at the pixel ratio of the context it is used on.
     bool LoadBitmap(UINT id);
-    void DeleteObject();
 
     UINT ResourceId() const { return resourceId_; }
     SIZE Size() const { return size_; }

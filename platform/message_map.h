@@ -61,14 +61,6 @@ struct Thunk<Handler> {
     static void Call(CWnd& target, MessageCall&) { (static_cast<T&>(target).*Handler)(); }
 };
 
-// void Handler(UINT id): one handler for several command numbers.
-template <typename T, void (T::*Handler)(UINT)>
-struct Thunk<Handler> {
-    static void Call(CWnd& target, MessageCall& call) {
-        (static_cast<T&>(target).*Handler)(static_cast<UINT>(call.wParam & 0xFFFFU));
-    }
-};
-
 // void Handler(NMHDR*, LRESULT*): notifications.
 template <typename T, void (T::*Handler)(NMHDR*, LRESULT*)>
 struct Thunk<Handler> {
@@ -116,12 +108,6 @@ struct Thunk<Handler> {
 template <auto Handler>
 constexpr MessageEntry OnCommand(UINT id, UINT code = BN_CLICKED) {
     return {WM_COMMAND, code, id, id, false, &message_map::Thunk<Handler>::Call};
-}
-
-/// The same for the controls first..last; the handler takes the number.
-template <auto Handler>
-constexpr MessageEntry OnCommandRange(UINT first, UINT last, UINT code = BN_CLICKED) {
-    return {WM_COMMAND, code, first, last, false, &message_map::Thunk<Handler>::Call};
 }
 
 template <auto Handler>

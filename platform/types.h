@@ -6,8 +6,6 @@
 /// The platform's vocabulary: names, widths and numbers as window programs know them.
 /// No toolkit stands behind anything in this header.
 
-using BYTE = std::uint8_t;
-using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using LONG = std::int32_t;

@@ -8,10 +8,6 @@ const CRuntimeClass CWnd::classCWnd{"CWnd", nullptr};
 
 namespace {
 
-CWnd* OwnerOf(HWND window) {
-    return window == nullptr ? nullptr : native::GetOwner(window);
-}
-
 // Where a message's number and notification code stand depends on the message.
 const MessageEntry* EntryFor(const CWnd& target, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND) {
@@ -81,7 +77,7 @@ LRESULT CWnd::Default() {
 }
 
 CWnd* CWnd::GetDlgItem(int id) const {
-    return OwnerOf(native::GetDlgItem(m_hWnd, id));
+    return native::GetOwner(native::GetDlgItem(m_hWnd, id));
 }
 
 int CWnd::GetDlgCtrlID() const {
@@ -89,7 +85,7 @@ int CWnd::GetDlgCtrlID() const {
 }
 
 CWnd* CWnd::GetParent() const {
-    return OwnerOf(native::GetParent(m_hWnd));
+    return native::GetOwner(native::GetParent(m_hWnd));
 }
 
 void CWnd::SetWindowText(const CString& text) {
@@ -125,7 +121,7 @@ void CWnd::SetFocus() {
 }
 
 CWnd* CWnd::GetFocus() {
-    return OwnerOf(native::GetFocus());
+    return native::GetOwner(native::GetFocus());
 }
 
 void CWnd::SetCapture() {
@@ -137,7 +133,7 @@ void CWnd::ReleaseCapture() {
 }
 
 CWnd* CWnd::GetCapture() {
-    return OwnerOf(native::GetCapture());
+    return native::GetOwner(native::GetCapture());
 }
 
 RECT CWnd::GetClientRect() const {
