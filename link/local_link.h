@@ -11,9 +11,10 @@
 /// A ready-made manager with everything behind it. Sides of all processes of this user that open
 /// the same name contend for one device: while one holds it, the others ask it to give way; a
 /// side whose process dies has given it up. They meet in four files for each name in the runtime
-/// folder, orbix-link-HASH.main, .state, .release and .held (platform/shared_state.h says what is
-/// in them), which the holder looks at every 100 ms and the others as the ownership's times say.
-/// Taking a free device lasts 0.5 s by those times, sending on a device already held nothing.
+/// folder, orbix-link-HASH.main-UID, .state-UID, .release-UID and .held-UID
+/// (platform/shared_state.h says what is in them), which the holder looks at every 100 ms and the
+/// others as the ownership's times say. Taking a free device lasts 0.5 s by those times, sending on
+/// a device already held nothing.
 ///
 /// Open and Close belong to one thread; Manager() may be used on any.
 class ORBIX_API LocalLink {

@@ -54,7 +54,8 @@ public:
     bool PrepareDevice(std::uint32_t value);
 
     /// Makes this side the device's holder if it isn't yet. False without an owner, while the
-    /// block event is signalled, or when another holder doesn't give the device up.
+    /// block event is signalled, or when another holder doesn't give the device up. The other
+    /// operations call it under the busy lock; a call from outside must not meet an Attach.
     bool EnsureOwned();
 
     /// Changes owner and device (null: none) after a transfer under way has ended.

@@ -25,12 +25,15 @@ public:
     /// Runs when all controls are made, before the dialog shows. TRUE lets the first control in
     /// tab order take the focus.
     virtual BOOL OnInitDialog();  // 8
-    virtual void OnOK();          // 9
-    virtual void OnCancel();      // 10
+    /// Takes the fields in with UpdateData and ends with IDOK; an entry that is bad keeps it open.
+    virtual void OnOK();      // 9
+    virtual void OnCancel();  // 10
 
     /// Makes a modeless dialog, hidden, as a child of `parent`; false when it can't be made.
     bool Create(UINT templateId, CWnd* parent);
+    /// Ends DoModal, which gives `result`.
     void EndDialog(int result);
+    /// May be called from a handler of the window, and when there is none.
     void DestroyWindow();
 
 protected:

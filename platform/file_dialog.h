@@ -14,7 +14,7 @@ struct OPENFILENAME {
     DWORD Flags = 0;
     /// File types as pairs of description and patterns, each text ended by a null character.
     CString lpstrFilter;
-    DWORD nFilterIndex = 0;   ///< The type in use, counted from 1; 0 means the first.
+    DWORD nFilterIndex = 0;   ///< The type chosen, counted from 1; 0: the first, as it begins.
     CString lpstrFile;        ///< The name to start with, less than kMaxPath bytes; then the path.
     CString lpstrInitialDir;  ///< The process's current folder when it names none.
     CString lpstrDefExt;      ///< Without its dot; for derived classes.
@@ -27,7 +27,7 @@ public:
     static const CRuntimeClass classCFileDialog;
 
     /// `open` else for saving. `filter`: descriptions and patterns, each ended by "|", and a last
-    /// "|". Texts may be null.
+    /// "|". Texts may be null. `parent` is not asked: the dialog belongs to the window in front.
     CFileDialog(BOOL open, const char* defaultExtension, const char* fileName, DWORD flags,
                 const char* filter, CWnd* parent);
 

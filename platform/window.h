@@ -86,6 +86,7 @@ public:
     CDC* GetDC();
     void ReleaseDC(CDC* dc);
 
+    /// Sends WM_TIMER, `id` in wParam, every so often until it is killed; set again it begins anew.
     void SetTimer(UINT id, DWORD milliseconds);
     void KillTimer(UINT id);
 
@@ -128,4 +129,5 @@ private:
     CDC* dc_;
 };
 
+/// The desktop's colour for COLOR_BTNFACE; black for any other number.
 COLORREF GetSysColor(int index);
