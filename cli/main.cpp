@@ -19,9 +19,13 @@ constexpr const char* kFooter =
     "5 (send) no such port, or not everything went out.";
 
 std::string UsageWords(const CLI::App* program, const CLI::Error& error) {
+    const CLI::App* last = program;
+    while (!last->get_subcommands().empty()) {
+        last = last->get_subcommands().front();
+    }
     std::string words = error.what();
-    if (error.get_name() == "RequiredError" && program->get_subcommands().empty()) {
-        const std::vector<std::string> unknown = program->remaining();
+    if (error.get_name() == "RequiredError" && last->get_require_subcommand_min() > 0) {
+        const std::vector<std::string> unknown = program->remaining(true);
         words = unknown.empty() ? "expected a verb" : "no verb is named " + unknown.front();
     }
     return "orbix: " + words + "; see --help\n";
@@ -44,7 +48,6 @@ ExitCode Run(int count, char** arguments) {
     program.footer(kFooter);
     program.failure_message(UsageWords);
     program.get_formatter()->label("SUBCOMMAND", "VERB");
-    program.get_formatter()->label("Subcommands", "Verbs");
     Job job;
     AddInfoVerb(program, job);
     AddShowVerb(program, job);
@@ -53,6 +56,7 @@ ExitCode Run(int count, char** arguments) {
     AddMidiVerb(program, job);
     AddPortsVerb(program, job);
     AddSendVerb(program, job);
+    GroupVerbs(program);
     try {
         program.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

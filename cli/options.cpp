@@ -18,6 +18,12 @@ const std::map<std::string, FileKind>& Kinds() {
 
 }  // namespace
 
+void GroupVerbs(CLI::App& program) {
+    for (CLI::App* verb : program.get_subcommands({})) {
+        verb->group("Verbs");
+    }
+}
+
 bool IsStandardStream(const std::string& path) {
     return path == "-";
 }

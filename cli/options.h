@@ -29,6 +29,9 @@ struct RemarkOptions {
     bool strict = false;
 };
 
+/// Heads the list of an application's verbs in its help.
+void GroupVerbs(CLI::App& program);
+
 /// "-", which stands for the standard input or output.
 bool IsStandardStream(const std::string& path);
 

@@ -184,8 +184,8 @@ void AddRescale(CLI::App& midi, Job& job) {
 void AddMidiVerb(CLI::App& program, Job& job) {
     CLI::App& midi = *program.add_subcommand("midi", "Look at Standard MIDI Files, rescale them");
     midi.require_subcommand(1);
-    midi.get_formatter()->label("SUBCOMMAND", "VERB");
     AddInfo(midi, job);
     AddDump(midi, job);
     AddRescale(midi, job);
+    GroupVerbs(midi);
 }
