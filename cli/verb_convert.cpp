@@ -1,4 +1,6 @@
 #include <CLI/CLI.hpp>
+#include <cmath>
+#include <cstdlib>
 #include <memory>
 
 #include "cli/device_messages.h"
@@ -100,6 +102,11 @@ std::string NameFault(const std::string& name) {
                : "expected at most " + std::to_string(kMaxNameBytes) + " bytes";
 }
 
+// A range lets through what no comparison holds for.
+std::string NumberFault(const std::string& text) {
+    return std::isnan(std::strtod(text.c_str(), nullptr)) ? "expected a number" : "";
+}
+
 void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
     verb.add_option(
             "OUT", options.output,
@@ -120,6 +127,7 @@ void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
         ->type_name("0|1");
     verb.add_option("--tempo", options.tempo, "Of a MIDI file, in beats a minute: 120 else")
         ->check(CLI::Range(kSlowest, kFastest))
+        ->check(NumberFault)
         ->type_name("BPM");
     verb.add_flag("-f,--force", options.overwrite, "Replace OUT when it exists");
     verb.add_flag("-n,--dry-run", options.dryRun, "Do everything but writing");
