@@ -101,19 +101,26 @@ CLI::Validator Angle(int lowest, int highest) {
             "DEGREES", "angle"};
 }
 
+std::string TargetFault(const std::string& name) {
+    return name.empty() ? "expected a name" : "";
+}
+
 void AddTargetOptions(CLI::App& verb, SendOptions& options) {
     CLI::Option_group& group = *verb.add_option_group("Target", "Where to");
     group
         .add_option("--port", options.port,
                     "A MIDI port: its name, else the first that begins with\n"
                     "NAME, else the first that has it inside")
+        ->check(TargetFault)
         ->type_name("NAME");
     group
         .add_option("--out", options.path,
                     "A file (written on at its end), a named pipe or a raw\n"
                     "MIDI node, - for stdout")
+        ->check(TargetFault)
         ->type_name("PATH");
     group.add_option("--own-port", options.ownPort, "A port of its own, for others to connect to")
+        ->check(TargetFault)
         ->type_name("NAME");
     group.require_option(1);
 }
