@@ -12,7 +12,7 @@
 
 namespace {
 
-enum class Choice { autosaved, saved, later };
+enum class Choice { autosaved, saved, discard, later };
 
 QString VersionText(const QString& caption, const std::string& file) {
     const QFileInfo info(QString::fromStdString(file));
@@ -38,7 +38,7 @@ Choice Ask(QWidget* parent, const CrashedAutosave& crashed) {
     box.setTextFormat(Qt::PlainText);
     QPushButton* recover = box.addButton(QObject::tr("&Autosaved"), QMessageBox::AcceptRole);
     const bool isSaved = QFileInfo::exists(QString::fromStdString(crashed.Origin()));
-    const QAbstractButton* saved =
+    const QAbstractButton* other =
         box.addButton(isSaved ? QObject::tr("&Saved") : QObject::tr("&Discard Autosave"),
                       QMessageBox::DestructiveRole);
     box.setEscapeButton(box.addButton(QObject::tr("Decide &Later"), QMessageBox::RejectRole));
@@ -47,7 +47,10 @@ Choice Ask(QWidget* parent, const CrashedAutosave& crashed) {
     if (box.clickedButton() == recover) {
         return Choice::autosaved;
     }
-    return box.clickedButton() == saved ? Choice::saved : Choice::later;
+    if (box.clickedButton() == other) {
+        return isSaved ? Choice::saved : Choice::discard;
+    }
+    return Choice::later;
 }
 
 // A crash right behind a save leaves an autosave that says nothing new.
@@ -69,6 +72,7 @@ Document Recover(QWidget* parent, CrashedAutosave& crashed,
     return document;
 }
 
+// A saved version that can't be opened leaves the autosave, which is then all there is.
 std::optional<Document> OpenSaved(QWidget* parent, const CrashedAutosave& crashed) {
     std::string reason;
     std::optional<Document> document = Document::Open(crashed.Origin(), reason);
@@ -97,14 +101,15 @@ std::optional<Document> OfferRecovery(QWidget* parent, const std::string& folder
         if (choice == Choice::autosaved) {
             return Recover(parent, crashed, std::move(pattern), slot);
         }
+        std::optional<Document> saved;
         if (choice == Choice::saved) {
-            const bool open =
-                askedFor.empty() && QFileInfo::exists(QString::fromStdString(crashed.Origin()));
-            std::optional<Document> document = open ? OpenSaved(parent, crashed) : std::nullopt;
+            saved = OpenSaved(parent, crashed);
+        }
+        if (saved || choice == Choice::discard) {
             crashed.Remove();
-            if (document) {
-                return document;
-            }
+        }
+        if (saved && askedFor.empty()) {
+            return saved;
         }
     }
     return std::nullopt;

@@ -93,6 +93,14 @@ TEST(Autosave, RecoveryNamesBothVersionsAndDoesWhatWasChosen) {
     desk.Box("never saved\n\nSaved version: none", "Discard Autosave");
     EXPECT_FALSE(offer(""));
     EXPECT_EQ(ReadWholeFile(file), Stored(3));
+
+    WriteFileCommitted(file, "no pattern");
+    Crash(folder, file, Stored(5));
+    for (const std::string& askedFor : {std::string(), file}) {
+        desk.Box("Autosaved version: ", "Saved").Box("not a 3D pattern", "OK");
+        EXPECT_FALSE(offer(askedFor));
+        EXPECT_EQ(FindCrashedAutosaves(folder).size(), 1U) << "all that is left of the work";
+    }
 }
 
 namespace {
