@@ -41,7 +41,11 @@ private:
 };
 
 // A device's name may hold anything and be of any length; its 64-bit FNV-1a hash is a file name.
+// No name has none.
 CString FileStem(const CString& name) {
+    if (name.empty()) {
+        return {};
+    }
     std::uint64_t hash = 0xCBF29CE484222325U;
     for (const char letter : name) {
         hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001B3U;
@@ -51,14 +55,23 @@ CString FileStem(const CString& name) {
     return stem;
 }
 
+// A lock or an event of a side, shared with the sides of other processes when it has a name.
+template <typename Part>
+Part PartOf(const CString& stem, const char* extension) {
+    if (stem.empty()) {
+        return Part();
+    }
+    return Part(stem + extension);
+}
+
 }  // namespace
 
 struct LocalLink::Side {
     Side(const CString& stem, Device& target)
-        : mainLock(stem + ".main"),
-          stateLock(stem + ".state"),
-          releaseEvent(stem + ".release"),
-          heldEvent(stem + ".held"),
+        : mainLock(PartOf<CSingleLock>(stem, ".main")),
+          stateLock(PartOf<CSingleLock>(stem, ".state")),
+          releaseEvent(PartOf<CEvent>(stem, ".release")),
+          heldEvent(PartOf<CEvent>(stem, ".held")),
           device(target),
           ownership(&mainLock, &stateLock, &releaseEvent, &heldEvent, &OwnedDevice::OnAcquire,
                     &OwnedDevice::OnRelease, &device) {}

@@ -26,8 +26,9 @@ public:
     LocalLink& operator=(const LocalLink&) = delete;
 
     /// Closes what was open and puts `device` behind the manager, under a name that tells it
-    /// from all other devices of the machine. The caller keeps `device` alive until Close. Takes
-    /// nothing yet: the first transfer does.
+    /// from all other devices of the machine. With "" for a name the device is this object's
+    /// alone, and no files are made. The caller keeps `device` alive until Close. Takes nothing
+    /// yet: the first transfer does.
     void Open(const CString& name, Device& device);
 
     /// Takes the device from the manager after a transfer under way has ended, and gives it up.

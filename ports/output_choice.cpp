@@ -1,7 +1,5 @@
 #include "ports/output_choice.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <string_view>
 #include <utility>
@@ -55,7 +53,7 @@ std::unique_ptr<Device> MakeDevice(const OutputChoice& choice) {
 
 CString LinkName(const OutputChoice& choice) {
     if (choice.kind == Kind::ownPort) {
-        return TextOf(choice) + "#" + std::to_string(::getpid());
+        return {};
     }
     if (choice.kind == Kind::path) {
         std::error_code error;
@@ -64,7 +62,8 @@ CString LinkName(const OutputChoice& choice) {
         if (!error) {
             whole = std::filesystem::weakly_canonical(whole, error);
         }
-        return "path:" + (error ? choice.name : whole.string());
+        // No path leads to a pipe behind /dev/stdout, so nobody else can open it.
+        return error ? CString() : "path:" + whole.string();
     }
     return TextOf(choice);
 }

@@ -29,6 +29,6 @@ std::optional<OutputChoice> ChoiceOf(const CString& text);
 /// The device behind the choice. Nothing is opened yet, so it can't fail.
 std::unique_ptr<Device> MakeDevice(const OutputChoice& choice);
 
-/// A name for LocalLink that tells the device from all others of the machine. A port of one's own
-/// is nobody else's.
+/// A name for LocalLink that tells the device from all others of the machine; "" for one that no
+/// other program can have: a port of one's own, a pipe on standard output.
 CString LinkName(const OutputChoice& choice);

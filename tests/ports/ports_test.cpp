@@ -73,6 +73,7 @@ TEST(Ports, AChoiceIsOneLineAndBack) {
     EXPECT_EQ(LinkName({Kind::path, kAlsa, "not-there"}),
               "path:" + (std::filesystem::current_path() / "not-there").string());
     EXPECT_EQ(LinkName({Kind::port, kJack, "x"}), "jack:x");
+    EXPECT_EQ(LinkName({Kind::ownPort, kJack, "x"}), "");
 }
 
 TEST(Ports, ACallThatHangsIsLeftBehind) {
