@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 
 #include "studio/exit_codes.h"
 
@@ -14,6 +16,15 @@ bool ParseTick(std::string_view text, std::uint32_t& tick) {
 
 std::string CheckRange(const std::string& text) {
     return ParseRange(text) ? "" : "expected START:END in ticks, START at most END: " + text;
+}
+
+std::string CheckPicture(const std::string& text) {
+    return text.empty() ? "expected the name of a file" : "";
+}
+
+// A range lets through what no comparison holds for.
+std::string CheckNumber(const std::string& text) {
+    return std::isnan(std::strtod(text.c_str(), nullptr)) ? "expected a number: " + text : "";
 }
 
 std::string CheckAxes(const std::string& text) {
@@ -50,7 +61,8 @@ std::optional<StudioOptions> ParseCommandLine(int argc, char** argv, int& exitCo
         "Start with the window alone, without the editor");
     CLI::Option* render =
         app.add_option("--render", options.renderTo, "Draw to a PNG file, without a display")
-            ->type_name("OUT.png");
+            ->type_name("OUT.png")
+            ->check(CheckPicture);
     app.add_flag("--editor", options.renderEditor, "Draw the whole editor, not only the planes")
         ->needs(render);
     app.add_option("--zoom", options.zoom, "Metres that the planes' circle stands for")
@@ -62,7 +74,8 @@ std::optional<StudioOptions> ParseCommandLine(int argc, char** argv, int& exitCo
         ->check(CheckAxes);
     app.add_option("--scale", options.scale, "Pixel ratio of the picture")
         ->needs(render)
-        ->check(CLI::Range(1.0, 4.0));
+        ->check(CLI::Range(1.0, 4.0))
+        ->check(CheckNumber);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
