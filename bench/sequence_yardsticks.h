@@ -50,7 +50,6 @@ public:
         while (m_stream.peek() != std::char_traits<char>::eof())
             ReadTrack();
     }
-    std::size_t Events() const { return m_events.size(); }
     void Write(std::strstream& out) const {
         for (const Event& event : m_events) {
             std::uint32_t work = event.delta & 0x7FU;
