@@ -53,7 +53,8 @@ void LeaveAllBut(const Editor& editor) {
     QDrag::cancel();
 }
 
-// Only what a signal handler may do: a crash has to say where it was.
+// A crash has to say where it was. Printing is more than a signal handler may do, but the process
+// is lost anyway.
 void SayWhere(int signal) {
     std::fprintf(stderr, "seed %u, the shortest failing run has %d events\n", seedNow, eventNow);
     std::signal(signal, SIG_DFL);

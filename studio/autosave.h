@@ -25,8 +25,9 @@ public:
     explicit AutosaveSlot(std::string folder);
 
     /// Brings the work to the disk, whole or not at all, if it isn't there already. False with
-    /// `reason` on failure; what was kept before then stays.
+    /// `reason` on failure; what was kept before then stays, unless it was of another origin.
     bool Keep(const std::string& origin, std::string_view bytes, std::string& reason);
+    /// Takes the work away.
     void Drop();
 
 private:

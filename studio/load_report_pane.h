@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDockWidget>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 

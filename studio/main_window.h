@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 #include <QTimer>

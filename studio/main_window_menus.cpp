@@ -51,7 +51,7 @@ void MainWindow::MakeEditMenu(QMenu& menu) {
     menu.addAction(tr("&Edit events..."), QKeySequence("Ctrl+E"), this, [this] { EditEvents(); });
 }
 
-// Every pane has its switch here.
+// The window's own panes; the device's monitor has its switch in the menu of the device.
 void MainWindow::MakeViewMenu(QMenu& menu) {
     for (QDockWidget* pane : findChildren<QDockWidget*>()) {
         menu.addAction(pane->toggleViewAction());
