@@ -58,14 +58,14 @@ TEST(Commands, The257thEventOfAnIdIsRefused) {
 
 TEST(Commands, AHostMaySetAnotherTableBehindAnOpenMenu) {
     Editor editor(PatternOf(Song()));
-    CQelCPB_3DPattern other = PatternOf({TimeSig(0, 3, 4)});
+    CQelCPB_3DPattern other = PatternOf({TimeSig(0, 3, 4), Position(1, 240)});
     Hooks().popupMenu = [&](HWND, const std::vector<MenuItem>& items) {
         editor.dialog.Reset3DManagerByTool3DPattern(&other);
         return items.at(1).command;
     };
     editor.Run([&] {
-        editor.ClickRow(4, Qt::NoModifier, Qt::RightButton);
-        EXPECT_EQ(editor.Rows(), Lines{"3* 3 / 4 1 1 0 - - - -"});
+        editor.ClickRow(1, Qt::NoModifier, Qt::RightButton);
+        EXPECT_EQ(editor.Rows(), (Lines{"1* 3 / 4 1 1 0 - - - -", "2 - 1 1 240 1 1.00 0 0"}));
     });
 }
 
