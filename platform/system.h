@@ -15,7 +15,7 @@ void SleepMilliseconds(DWORD milliseconds);
 /// letter can mean here; -1.0 on failure.
 double DiskFreeBytes(char letter);
 
-/// The words for the error number of the last failed call.
+/// The English words for the error number of the last failed call.
 CString LastErrorText();
 
 }  // namespace os

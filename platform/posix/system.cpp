@@ -4,7 +4,8 @@
 
 #include <cerrno>
 #include <chrono>
-#include <system_error>
+#include <cstring>
+#include <string>
 #include <thread>
 
 namespace os {
@@ -30,8 +31,11 @@ double DiskFreeBytes(char /*letter*/) {
     return static_cast<double>(status.f_bavail) * static_cast<double>(status.f_frsize);
 }
 
+// Not strerror, which speaks the user's language once a toolkit has set the locale; all other texts
+// are English.
 CString LastErrorText() {
-    return std::generic_category().message(errno);
+    const char* words = ::strerrordesc_np(errno);
+    return words == nullptr ? "error " + std::to_string(errno) : CString(words);
 }
 
 }  // namespace os

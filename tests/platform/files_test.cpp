@@ -2,6 +2,9 @@
 
 #include <sys/stat.h>
 
+#include <clocale>
+#include <cstdlib>
+
 #include "tests/support/file_limit.h"
 #include "tests/support/temporary_folder.h"
 
@@ -46,7 +49,11 @@ TEST_F(Files, AFailureSaysWhyAndLeavesTheOldFileAndNothingElse) {
         [&] { return WriteFileCommitted(folder_ / "kept", std::string(5000, 'x')); }));
     EXPECT_EQ(ReadWholeFile(folder_ / "kept"), "old");
     CString reason;
+    setlocale(LC_ALL, "C.UTF-8");  // As a toolkit does: the words are English all the same.
+    setenv("LANGUAGE", "de", 1);
     EXPECT_FALSE(WriteFileCommitted(folder_ / "none/file", "x", &reason));
+    unsetenv("LANGUAGE");
+    setlocale(LC_ALL, "C");
     EXPECT_EQ(reason, "No such file or directory");
     fs::create_directory(folder_ / "folder");
     EXPECT_FALSE(WriteFileCommitted(folder_ / "folder", "x", &reason));
