@@ -4,6 +4,7 @@
 
 #include "dialog/pattern_name.h"
 #include "params/pattern_block.h"
+#include "params/pattern_form.h"
 #include "params/pattern_requests.h"
 #include "platform/data_exchange.h"
 #include "platform/hooks.h"
@@ -18,12 +19,9 @@ CString FolderText(const char* folder) {
 
 // A pattern that can't be copied leaves the editor without one; it then shows an empty table and
 // its OK writes nothing.
-std::unique_ptr<CQelCPB_3DPattern> CopyPattern(const CQelCPB_3DPattern* source) {
+std::unique_ptr<CQelCPB_3DPattern> CopyOrNew(const CQelCPB_3DPattern* source) {
     try {
-        if (source == nullptr) {
-            return std::make_unique<CQelCPB_3DPattern>();
-        }
-        return std::make_unique<CQelCPB_3DPattern>(*source);
+        return source == nullptr ? std::make_unique<CQelCPB_3DPattern>() : CopyPattern(*source);
     } catch (...) {
         return nullptr;
     }
@@ -44,7 +42,7 @@ COrbixMainDlg::COrbixMainDlg(CWnd* parent, CQelCPB_3DPattern* pattern,
       manager_(this, freeMode ? kFreeMode : kRangeMode, static_cast<std::uint32_t>(rangeStart),
                static_cast<std::uint32_t>(rangeEnd)),
       nameEditable_(freeMode),
-      pattern_(CopyPattern(pattern)),
+      pattern_(CopyOrNew(pattern)),
       outParameters_(outParameters),
       initialPositions_(initialPositions),
       link_(link),

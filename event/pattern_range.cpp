@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "params/pattern_form.h"
 #include "params/pattern_requests.h"
 
 namespace {
@@ -27,12 +28,11 @@ void AppendPositions(const CQelCPB_3DPattern& from, const EventRange& range, boo
 
 }  // namespace
 
-CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern, const EventRange& range) {
-    const std::uint32_t failures = SwallowedFailures();
-    CQelCPB_3DPattern kept(pattern);
-    RaiseFailuresSince(failures);
-    kept.DoParam(kPatternClearPositions, nullptr, 0);
-    AppendPositions(pattern, range, true, kept);
+std::unique_ptr<CQelCPB_3DPattern> PatternInside(const CQelCPB_3DPattern& pattern,
+                                                 const EventRange& range) {
+    auto kept = CopyPattern(pattern);
+    kept->DoParam(kPatternClearPositions, nullptr, 0);
+    AppendPositions(pattern, range, true, *kept);
     return kept;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "event/event_record.h"
 #include "params/pattern_block.h"
 #include "sequence/api.h"
@@ -9,8 +11,8 @@
 /// thread. Both raise std::bad_alloc without memory, rather than lose an event.
 
 /// A copy of the pattern with only those position events that the range admits.
-ORBIX_API CQelCPB_3DPattern PatternInside(const CQelCPB_3DPattern& pattern,
-                                          const EventRange& range);
+ORBIX_API std::unique_ptr<CQelCPB_3DPattern> PatternInside(const CQelCPB_3DPattern& pattern,
+                                                           const EventRange& range);
 
 /// Appends copies of the position events of `from` that the range does not admit to `to`.
 ORBIX_API void AppendOutside(const CQelCPB_3DPattern& from, const EventRange& range,

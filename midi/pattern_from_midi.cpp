@@ -174,5 +174,8 @@ private:
 }  // namespace
 
 PatternFromMidi PatternFromSequence(const CZurSequence& sequence) {
-    return PatternReader(sequence).Read();
+    const std::uint32_t failures = SwallowedFailures();
+    PatternFromMidi result = PatternReader(sequence).Read();
+    RaiseFailuresSince(failures);
+    return result;
 }

@@ -62,9 +62,9 @@ private:
 
 /// How many failures reading and building have swallowed on this thread: a child for which there is
 /// no memory is left out. Who must have the whole of a tree asks before, and raises behind.
-std::uint32_t SwallowedFailures();
+ORBIX_API std::uint32_t SwallowedFailures();
 /// Raises `std::bad_alloc` when there were more since that number was asked.
-void RaiseFailuresSince(std::uint32_t before);
+ORBIX_API void RaiseFailuresSince(std::uint32_t before);
 ORBIX_API void NoteSwallowedFailure();
 
 /// Bytes of a stored header: identifier and length.

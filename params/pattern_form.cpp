@@ -245,6 +245,13 @@ std::unique_ptr<CQelCPB_3DPattern> ReadPatternBytes(std::string_view bytes, Patt
     return pattern;
 }
 
+std::unique_ptr<CQelCPB_3DPattern> CopyPattern(const CQelCPB_3DPattern& pattern) {
+    const std::uint32_t failures = SwallowedFailures();
+    auto copy = std::make_unique<CQelCPB_3DPattern>(pattern);
+    RaiseFailuresSince(failures);
+    return copy;
+}
+
 std::string WritePatternBytes(const CQelCPB_3DPattern& pattern) {
     std::strstream stream;
     pattern.Write(&stream);

@@ -31,5 +31,9 @@ ORBIX_API std::optional<PatternFault> CheckPatternBytes(std::string_view bytes);
 ORBIX_API std::unique_ptr<CQelCPB_3DPattern> ReadPatternBytes(std::string_view bytes,
                                                               PatternFault& fault);
 
+/// A copy that is whole. Raises `std::bad_alloc` without memory, where the copy constructor leaves
+/// out what there is no room for.
+ORBIX_API std::unique_ptr<CQelCPB_3DPattern> CopyPattern(const CQelCPB_3DPattern& pattern);
+
 /// The stored form, the same bytes for equal patterns. Raises `std::bad_alloc` without memory.
 ORBIX_API std::string WritePatternBytes(const CQelCPB_3DPattern& pattern);

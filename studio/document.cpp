@@ -63,8 +63,8 @@ bool Document::Save(const std::string& file, std::string& reason) {
     return true;
 }
 
-void Document::TakeEdited(const CQelCPB_3DPattern& pattern) {
-    pattern_ = std::make_unique<CQelCPB_3DPattern>(pattern);
+void Document::TakeEdited(std::unique_ptr<CQelCPB_3DPattern> pattern) {
+    pattern_ = std::move(pattern);
     C3DReport unchanged;  // The editor has corrected all there was.
     LoadEvents(unchanged);
     modified_ = true;

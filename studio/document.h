@@ -28,7 +28,7 @@ public:
     /// `reason`; file and document are then as they were.
     bool Save(const std::string& file, std::string& reason);
     /// Takes a changed pattern over; the document is modified.
-    void TakeEdited(const CQelCPB_3DPattern& pattern);
+    void TakeEdited(std::unique_ptr<CQelCPB_3DPattern> pattern);
 
     const CQelCPB_3DPattern& Pattern() const { return *pattern_; }
     const C3DEventData& Events() const { return events_; }

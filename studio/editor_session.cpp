@@ -36,9 +36,9 @@ bool IsQuestionOpen() {
 std::unique_ptr<COrbixMainDlg> EditorSession::MakeDialog(const Document& document,
                                                          const std::string& csvLoadFolder,
                                                          const std::string& csvSaveFolder) {
-    CQelCPB_3DPattern pattern = PatternInside(document.Pattern(), range_);
+    const auto pattern = PatternInside(document.Pattern(), range_);
     return std::make_unique<COrbixMainDlg>(
-        nullptr, &pattern, &patch_, nullptr, link_, nullptr, static_cast<unsigned short>(0),
+        nullptr, pattern.get(), &patch_, nullptr, link_, nullptr, static_cast<unsigned short>(0),
         range_.start, range_.end, !range_.IsBound(), csvLoadFolder.c_str(), csvSaveFolder.c_str());
 }
 
@@ -52,9 +52,9 @@ int EditorSession::Edit(Document& document, StudioSettings& settings) {
     settings.NoteFolder(Folder::csvLoad, dialog->GetInitialDirCsvLoad());
     settings.NoteFolder(Folder::csvSave, dialog->GetInitialDirCsvSave());
     if (answer == IDOK && dialog->Get3DPatternForTool() != nullptr) {
-        CQelCPB_3DPattern edited(*dialog->Get3DPatternForTool());
-        AppendOutside(document.Pattern(), range_, edited);
-        document.TakeEdited(edited);
+        auto edited = CopyPattern(*dialog->Get3DPatternForTool());
+        AppendOutside(document.Pattern(), range_, *edited);
+        document.TakeEdited(std::move(edited));
     }
     return answer;
 }
@@ -64,10 +64,10 @@ std::optional<std::string> EditorSession::Snapshot() const {
         IsQuestionOpen()) {
         return std::nullopt;
     }
-    CQelCPB_3DPattern pattern(*dialog_->Get3DPatternForTool());
-    dialog_->Update3DPatternForTool(&pattern);
-    AppendOutside(*whole_, range_, pattern);
-    return WritePatternBytes(pattern);
+    const auto pattern = CopyPattern(*dialog_->Get3DPatternForTool());
+    dialog_->Update3DPatternForTool(pattern.get());
+    AppendOutside(*whole_, range_, *pattern);
+    return WritePatternBytes(*pattern);
 }
 
 bool EditorSession::HasChanges() const {

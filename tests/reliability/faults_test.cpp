@@ -17,6 +17,8 @@
 #include <new>
 
 #include "event/event_store.h"
+#include "event/pattern_range.h"
+#include "midi/pattern_midi.h"
 #include "params/pattern_form.h"
 #include "platform/files.h"
 #include "platform/hooks.h"
@@ -116,16 +118,27 @@ long WithEachAllocationFailing(const Action& action) {
     return kMostAllocations;
 }
 
-TEST(Memory, APatternIsReadWholeOrNotAtAll) {
-    const std::string bytes = WritePatternBytes(PatternOf(Song()));
+TEST(Memory, APatternIsReadCopiedAndTakenFromMidiWholeOrNotAtAll) {
+    const CQelCPB_3DPattern song = PatternOf(Song());
+    const std::string stored = WritePatternBytes(song);
     PatternFault fault;
-    EXPECT_GT(WithEachAllocationFailing([&] {
-                  const auto pattern = ReadPatternBytes(bytes, fault);
-                  ASSERT_NE(pattern, nullptr);
-                  FailingAllocation::Lift();
-                  EXPECT_EQ(WritePatternBytes(*pattern), bytes);
-              }),
-              50);
+    std::string refusal;
+    const auto sequence = SequenceFromPattern(song, {}, refusal);
+    const std::function<std::unique_ptr<CQelCPB_3DPattern>()> ways[] = {
+        [&] { return ReadPatternBytes(stored, fault); }, [&] { return CopyPattern(song); },
+        [&] { return PatternInside(song, {}); },
+        [&] { return PatternFromSequence(*sequence).pattern; }};
+    for (const auto& way : ways) {
+        SCOPED_TRACE(&way - ways);
+        const std::string bytes = WritePatternBytes(*way());
+        EXPECT_GT(WithEachAllocationFailing([&] {
+                      const auto pattern = way();
+                      ASSERT_NE(pattern, nullptr);
+                      FailingAllocation::Lift();
+                      EXPECT_EQ(WritePatternBytes(*pattern), bytes);
+                  }),
+                  50);
+    }
 }
 
 // A load that memory stops leaves the table and its history. Some failures are got over: sorting

@@ -38,7 +38,7 @@ TEST(StudioDocument, AFailedSaveChangesNoFileAndKeepsTheDocumentModified) {
     std::string reason;
     auto document = Document::Open(desk / "old.3dp", reason);
     ASSERT_TRUE(document) << reason;
-    document->TakeEdited(Positions(200));
+    document->TakeEdited(std::make_unique<CQelCPB_3DPattern>(Positions(200)));
     const auto before = desk.Files();
     const auto expectRefused = [&](const std::string& file, const std::string& words) {
         EXPECT_FALSE(document->Save(file, reason));
