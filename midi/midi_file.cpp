@@ -33,6 +33,13 @@ std::unique_ptr<CZurSequence> ReadMidiBytes(std::string_view bytes, MidiFault& f
         if (sequence->GetTrackCount() == 0) {
             throw kSeqBadTrackCount;
         }
+        // What is missing at the end of a channel message is read as FF.
+        if (stream.eof()) {
+            fault = {static_cast<std::uint32_t>(bytes.size()),
+                     "track " + std::to_string(sequence->GetTrackCount()),
+                     "the data bytes of a message", "the end of the file"};
+            return nullptr;
+        }
         return sequence;
     } catch (int code) {
         fault = FindMidiFault(code, *sequence, stream, bytes);

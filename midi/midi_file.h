@@ -20,8 +20,8 @@ struct MidiFault {
 };
 
 /// The sequence that the bytes hold; null, with the fault told, where the classes of the sequence
-/// refuse them or would pass over all tracks. Bytes behind the last chunk are passed over. Any
-/// thread.
+/// refuse them, would pass over all tracks, or would make up bytes at the end that are not there.
+/// Bytes behind the last chunk are passed over. Any thread.
 std::unique_ptr<CZurSequence> ReadMidiBytes(std::string_view bytes, MidiFault& fault);
 
 /// The file; nothing for a sequence that none can hold, because it has no tracks or a delta time

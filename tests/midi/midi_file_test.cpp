@@ -21,8 +21,8 @@ TEST(MidiFile, IsRefusedWithAPlaceInsideTheFileWhereTheClassesRefuseIt) {
             std::strstream stream;
             Put(stream, bytes);
             const int code = CodeOf([&] {
-                if (CZurSequence{stream}.GetTrackCount() == 0)
-                    throw kSeqBadTrackCount;  // a negative count to the classes
+                if (CZurSequence{stream}.GetTrackCount() == 0 || stream.eof())
+                    throw kSeqBadTrackCount;  // none of a negative number, or bytes made up
             });
             MidiFault fault;
             ASSERT_EQ(ReadMidiBytes(bytes, fault) == nullptr, code != 0) << entry.path() << size;
