@@ -51,6 +51,10 @@ std::string CsvBytes(const Document& document) {
         throw Failure(ExitCode::refused, document.label + ": fits no CSV file: division " +
                                              std::to_string(division) + " is not in 12 to 960");
     }
+    if (document.store.CountEvents(-1) == 0) {
+        throw Failure(ExitCode::refused,
+                      document.label + ": fits no CSV file: no time signature and no position");
+    }
     return document.store.CsvText();
 }
 
