@@ -32,7 +32,8 @@ bool HasDisplay() {
 }
 
 // Opens what was asked for; the exit code where that ends the program.
-std::optional<int> OpenAtStart(MainWindow& window, const std::string& file) {
+std::optional<int> OpenAtStart(MainWindow& window, const StudioOptions& options) {
+    const std::string& file = options.file;
     const bool recovered = window.OfferRecovery(file);
     std::error_code error;
     if (file.empty() ||
@@ -41,8 +42,13 @@ std::optional<int> OpenAtStart(MainWindow& window, const std::string& file) {
     }
     if (recovered) {
         // This window is taken; the file gets a program of its own.
+        QStringList arguments{"--no-edit"};
+        if (options.range) {
+            arguments +=
+                {"--range", QString("%1:%2").arg(options.range->start).arg(options.range->end)};
+        }
         QProcess::startDetached(QApplication::applicationFilePath(),
-                                {"--no-edit", QString::fromStdString(file)});
+                                arguments << QString::fromStdString(file));
         return std::nullopt;
     }
     std::string reason;
@@ -72,7 +78,7 @@ int RunWindow(const StudioOptions& options) {
     MainWindow window(device.Manager(), options.range);
     const DeviceDesk desk(window, device);
     window.show();
-    if (const std::optional<int> exitCode = OpenAtStart(window, options.file)) {
+    if (const std::optional<int> exitCode = OpenAtStart(window, options)) {
         return *exitCode;
     }
     if (options.edit) {
