@@ -111,8 +111,8 @@ void CrashedAutosave::Remove() {
 }
 
 std::string CrashedAutosave::SetAside() {
-    std::rename(File().c_str(), (File() + kAside).c_str());
-    return File() + kAside;
+    const std::string aside = File() + kAside;
+    return std::rename(File().c_str(), aside.c_str()) == 0 ? aside : File();
 }
 
 std::vector<CrashedAutosave> FindCrashedAutosaves(const std::string& folder) {

@@ -52,7 +52,8 @@ public:
     std::string File() const;
     /// Takes it away.
     void Remove();
-    /// Puts a file that can't be read out of the way, under another name; gives that.
+    /// Puts a file that can't be read out of the way, under another name; gives its
+    /// name, the old one where that can't be done.
     std::string SetAside();
 
 private:

@@ -55,6 +55,9 @@ Choice Ask(QWidget* parent, const CrashedAutosave& crashed) {
 
 // A crash right behind a save leaves an autosave that says nothing new.
 bool IsSameAsSaved(const CrashedAutosave& crashed) {
+    if (KindOfPath(crashed.Origin()) == PathKind::other) {
+        return false;  // whose other end may never come
+    }
     const auto saved = ReadWholeFile(crashed.Origin());
     return saved.has_value() && saved == ReadWholeFile(crashed.File());
 }
