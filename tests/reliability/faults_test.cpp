@@ -66,13 +66,6 @@ public:
 
 }  // namespace
 
-// Without memory a block that changes its owner may be left behind; what counts here is that no
-// table and no file suffers.
-extern "C" ORBIX_API int __lsan_is_turned_off();  // NOLINT(bugprone-reserved-identifier)
-extern "C" int __lsan_is_turned_off() {
-    return 1;
-}
-
 void* operator new(std::size_t size) {
     void* const block = RunsOut(__builtin_return_address(0)) ? nullptr : std::malloc(size);
     return block != nullptr ? (++blocksHeld, block) : throw std::bad_alloc();
