@@ -98,8 +98,8 @@ bool DisplayReachable() {
     const std::string wanted = Environment("QT_QPA_PLATFORM");
     if (wanted.empty()) {
         // Else it tries X alone, though a Wayland session of the same user may run on the machine.
-        const bool isWayland = !Environment("WAYLAND_DISPLAY").empty() ||
-                               Environment("XDG_SESSION_TYPE") == "wayland";
+        const bool isWayland =
+            !Environment("WAYLAND_DISPLAY").empty() || Environment("XDG_SESSION_TYPE") == "wayland";
         return XServerReachable() || (isWayland && WaylandReachable());
     }
     std::istringstream platforms(wanted);
