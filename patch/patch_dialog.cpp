@@ -42,6 +42,9 @@ const MessageMap* CQel_3DPatchDialog::GetMessageMap() const {
         OnCommand<&Dlg::OnBnClickedApply>(kPatchApply),
         OnCommand<&Dlg::OnBnClickedUndo>(kPatchUndo),
         OnCommand<&Dlg::OnBnClickedRedo>(kPatchRedo),
+        OnCommand<&Dlg::OnEnChangeField>(kPatchIdentifier, EN_CHANGE),
+        OnCommand<&Dlg::OnEnChangeField>(kPatchLength, EN_CHANGE),
+        OnCommand<&Dlg::OnEnChangeField>(kPatchRow, EN_CHANGE),
         OnNotify<&Dlg::OnLvnItemChangedTable>(kPatchTable, LVN_ITEMCHANGED),
     };
     static const MessageMap map{CDialog::GetMessageMap(), entries};
@@ -165,10 +168,18 @@ void CQel_3DPatchDialog::OnBnClickedRedo() {
 
 void CQel_3DPatchDialog::OnLvnItemChangedTable(NMHDR* /*header*/, LRESULT* /*result*/) {
     const int selected = Table().GetNextItem(-1, LVNI_SELECTED);
-    if (settingSelection_ || selected < 0 || selected == row_) {
+    const bool isOne = Table().GetNextItem(selected, LVNI_SELECTED) < 0;
+    if (settingSelection_ || selected < 0 || (isOne && selected == row_)) {
         return;
     }
-    SelectRow(ApplyFields() ? std::min(selected, RowCount() - 1) : row_);
+    // Of several rows the one that the user went to last.
+    const int focused = Table().GetNextItem(-1, LVNI_FOCUSED);
+    const int row = focused < 0 ? selected : focused;
+    if (row == row_ || !ApplyFields()) {
+        MarkRow(row_);  // What was typed stays.
+    } else {
+        SelectRow(std::min(row, RowCount() - 1));
+    }
 }
 
 void CQel_3DPatchDialog::OnOK() {
@@ -205,8 +216,12 @@ std::vector<std::uint8_t> CQel_3DPatchDialog::RowBytes(int row) const {
 void CQel_3DPatchDialog::ShowAll() {
     ShowTable();
     SelectRow(std::clamp(row_, std::min(0, RowCount() - 1), RowCount() - 1));
-    GetDlgItem(kPatchUndo)->EnableWindow(edit_.CanUndo());
+    EnableUndo();
     GetDlgItem(kPatchRedo)->EnableWindow(edit_.CanRedo());
+}
+
+void CQel_3DPatchDialog::EnableUndo() {
+    GetDlgItem(kPatchUndo)->EnableWindow(edit_.CanUndo() || HasPendingText());
 }
 
 // Only rows that differ from what the table shows are written anew.
@@ -258,6 +273,12 @@ void CQel_3DPatchDialog::ShowFields() {
 }
 
 void CQel_3DPatchDialog::SelectRow(int row) {
+    MarkRow(row);
+    row_ = row;
+    ShowFields();
+}
+
+void CQel_3DPatchDialog::MarkRow(int row) {
     settingSelection_ = true;
     CListCtrl& table = Table();
     for (int each = table.GetNextItem(-1, LVNI_SELECTED); each >= 0;
@@ -269,6 +290,4 @@ void CQel_3DPatchDialog::SelectRow(int row) {
         table.EnsureVisible(row);
     }
     settingSelection_ = false;
-    row_ = row;
-    ShowFields();
 }

@@ -55,6 +55,7 @@ private:
     void OnBnClickedApply() { ApplyFields(); }
     void OnBnClickedUndo();
     void OnBnClickedRedo();
+    void OnEnChangeField() { EnableUndo(); }
     void OnLvnItemChangedTable(NMHDR* header, LRESULT* result);
 
     bool IsFieldFocused() const;
@@ -67,10 +68,12 @@ private:
     void Refuse(int control, const CString& words) const;
 
     void ShowAll();
+    void EnableUndo();
     void ShowTable();
     void ShowTableRow(int row);
     void ShowFields();
     void SelectRow(int row);
+    void MarkRow(int row);
     std::vector<std::uint8_t> RowBytes(int row) const;
     int RowCount() const;
     CListCtrl& Table() const { return *GetDlgItemAs<CListCtrl>(kPatchTable); }

@@ -85,6 +85,7 @@ inline constexpr int VK_DELETE = 0x2E;
 /// List control: item states and search flags, styles.
 inline constexpr UINT LVIS_FOCUSED = 0x01;
 inline constexpr UINT LVIS_SELECTED = 0x02;
+inline constexpr UINT LVNI_FOCUSED = 0x01;
 inline constexpr UINT LVNI_SELECTED = 0x02;
 inline constexpr DWORD LVS_EX_GRIDLINES = 0x01;
 inline constexpr DWORD LVS_EX_HEADERDRAGDROP = 0x10;

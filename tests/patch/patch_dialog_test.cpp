@@ -54,20 +54,32 @@ TEST_F(PatchDialogTest, ShowsEditsTakesBackAndGivesTheBlock) {
                   "2900 18 " + first + "*|4A4B|3A 3B 3C 3D 3E 3F 40 41 42 43 44 45 46 47 48 49");
         EXPECT_EQ(driver.RowTexts(kPatchTable)[0].back(), ":;<=>?@ABCDEFGHI");
         // Typed row by row; Enter goes on.
+        driver.Fill(kPatchRow, "typed");  // The first thing to take back.
+        driver.Click(kPatchUndo);
+        EXPECT_EQ(driver.Text(kPatchRow).substr(0, 5), "3A 3B");
+        EXPECT_FALSE(driver.Enabled(kPatchUndo));
         driver.Fill(kPatchRow, "ff000102030405060708090a0b0c0d0e");
         driver.Key(Qt::Key_Return);
         driver.Fill(kPatchRow, "1 2");
         boxes.Expect("Error: Row expected as 2 bytes of two hex digits", 16, IDOK);
         driver.Key(Qt::Key_Return);
         EXPECT_EQ(State(driver), "2900 18 FF000102030405060708090A0B0C0D0E|4A4B*|1 2 undo");
+        boxes.Expect("Error: Row expected as 2 bytes of two hex digits, found 1 byte", 16, IDOK);
+        driver.Fill(kPatchRow, "1f");
+        driver.ClickRow(kPatchTable, 0);
+        EXPECT_EQ(State(driver), "2900 18 FF000102030405060708090A0B0C0D0E|4A4B*|1f undo");
         driver.Fill(kPatchRow, "01 02");
-        driver.ClickRow(kPatchTable, 0);  // Another row takes it over.
+        driver.ClickRow(kPatchTable, 0);  // Another row takes it over, one at a time.
+        driver.ClickRow(kPatchTable, 1, Qt::ControlModifier);
+        EXPECT_EQ(driver.SelectedRows(kPatchTable), std::vector<int>{1});
+        EXPECT_EQ(driver.Text(kPatchRow), "01 02");
+        driver.ClickRow(kPatchTable, 0);
         driver.Fill(kPatchLength, "3");
         driver.Fill(kPatchIdentifier, "0xB55");
         driver.Click(kPatchApply);
         const std::string applied = "2901 3 FF0001*|FF 00 01 undo";
         EXPECT_EQ(State(driver), applied);
-        driver.Fill(kPatchRow, "typed");  // The first thing to take back.
+        driver.Fill(kPatchRow, "typed");
         driver.Click(kPatchUndo);
         EXPECT_EQ(State(driver), applied);
 
