@@ -1,18 +1,20 @@
 #include "ports/midi_output.h"
 
+#include <algorithm>
 #include <limits>
-#include <thread>
 #include <utility>
+
+#include "platform/hooks.h"
 
 namespace {
 
 // Neither system tells a sender that the other side left and came back, which cuts the connection.
 // Nobody does that within a second.
-constexpr std::chrono::seconds kConnectionTrusted(1);
+constexpr DWORD kTrustedMilliseconds = 1000;
 
 // A sound server hands a message on within the cycle it was written in, and a client that leaves in
 // the middle of it can take the message along; the longest cycles in use take 93 ms.
-constexpr std::chrono::milliseconds kHandedOn(100);
+constexpr DWORD kHandedOnMilliseconds = 100;
 
 struct Outcome {
     std::shared_ptr<MidiClient> client;
@@ -35,7 +37,7 @@ bool MidiOutput::Fail(const CString& words) {
 
 bool MidiOutput::NeedsOpening() const {
     return client_ == nullptr || !client_->IsAlive() ||
-           (kind_ == Kind::other && Clock::now() - lastUse_ > kConnectionTrusted);
+           (kind_ == Kind::other && GetTickCount() - lastUse_ > kTrustedMilliseconds);
 }
 
 bool MidiOutput::PrepareOutput(std::uint32_t value) {
@@ -67,14 +69,15 @@ bool MidiOutput::OpenPort() {
         return Fail(words);
     }
     client_ = std::move(outcome->client);
-    lastUse_ = Clock::now();
+    lastUse_ = GetTickCount();
     return true;
 }
 
 void MidiOutput::ClosePort() {
     if (client_ != nullptr) {
-        worker_.Run([client = std::move(client_), handedOn = lastUse_ + kHandedOn]() mutable {
-            std::this_thread::sleep_until(handedOn);
+        const DWORD passed = std::min(GetTickCount() - lastUse_, kHandedOnMilliseconds);
+        worker_.Run([client = std::move(client_), rest = kHandedOnMilliseconds - passed]() mutable {
+            Sleep(rest);
             client.reset();
         });
         client_.reset();
@@ -101,6 +104,6 @@ std::int32_t MidiOutput::WriteBlock(const void* data, std::uint32_t length) {
         return -1;
     }
     failure_.clear();
-    lastUse_ = Clock::now();
+    lastUse_ = GetTickCount();
     return static_cast<std::int32_t>(length);
 }

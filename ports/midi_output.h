@@ -27,8 +27,6 @@ public:
     CString FailureText() const override { return failure_; }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     bool NeedsOpening() const;
     bool OpenPort();
     void ClosePort();
@@ -39,5 +37,5 @@ private:
     CString failure_;
     LimitedWorker worker_{std::chrono::milliseconds(2000)};
     std::shared_ptr<MidiClient> client_;
-    Clock::time_point lastUse_;
+    DWORD lastUse_ = 0;  // by GetTickCount
 };
