@@ -10,9 +10,13 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 
 #include "dialog/manager.h"
 #include "platform/qt/widget_access.h"
+
+// There only in a build with sanitizers.
+extern "C" [[gnu::weak]] void __sanitizer_set_death_callback(void (*callback)());  // NOLINT
 
 namespace {
 
@@ -55,10 +59,27 @@ void LeaveAllBut(const Editor& editor) {
 
 // A crash has to say where it was. Printing is more than a signal handler may do, but the process
 // is lost anyway.
-void SayWhere(int signal) {
+void PrintWhere() {
     std::fprintf(stderr, "seed %u, the shortest failing run has %d events\n", seedNow, eventNow);
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);
+}
+
+std::map<int, struct sigaction> handlersBefore;
+
+// What crashed runs again behind this, into the handler before: a sanitizer's shows the stack.
+void SayWhere(int signal) {
+    PrintWhere();
+    sigaction(signal, &handlersBefore[signal], nullptr);
+}
+
+void WatchForCrashes() {
+    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
+        struct sigaction action {};
+        action.sa_handler = SayWhere;
+        sigaction(signal, &action, &handlersBefore[signal]);
+    }
+    if (__sanitizer_set_death_callback != nullptr) {
+        __sanitizer_set_death_callback(PrintWhere);
+    }
 }
 
 // Plays a run on real widgets: keys, mouse, loads, boxes and menus answered at random, editors
@@ -146,15 +167,15 @@ unsigned FromEnvironment(const char* name, unsigned otherwise) {
     return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
 }
 
-class MonkeyTest : public testing::TestWithParam<int> {};
+class MonkeyTest : public testing::TestWithParam<int> {
+protected:
+    static void SetUpTestSuite() { WatchForCrashes(); }
+};
 
 }  // namespace
 
 // ./dev monkey runs more events, and other ones, by these two variables.
 TEST_P(MonkeyTest, KeepsTheInvariants) {
-    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
-        std::signal(signal, SayWhere);
-    }
     qputenv("QT_LOGGING_RULES", "default.warning=false");  // what the offscreen platform lacks
     MonkeyRun run{FromEnvironment("ORBIX_MONKEY_SEED", 1), GetParam(),
                   static_cast<int>(FromEnvironment("ORBIX_MONKEY_EVENTS", 400)), 1 << 30};
