@@ -135,7 +135,7 @@ std::optional<std::uint32_t> CQel_3DPatchDialog::TypedLength() const {
 
 std::optional<std::vector<std::uint8_t>> CQel_3DPatchDialog::TypedRow() const {
     const std::size_t expected = RowBytes(row_).size();
-    const auto bytes = ParseHex(Text(kPatchRow));
+    auto bytes = ParseHex(Text(kPatchRow));
     if (bytes && bytes->size() == expected) {
         return bytes;
     }
