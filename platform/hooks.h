@@ -85,5 +85,5 @@ UINT TrackPopupMenu(HWND owner, const std::vector<MenuItem>& items);
 // Each of these asks the hook of that meaning.
 std::optional<CString> GetClipboardText();
 short GetKeyState(int key);
-DWORD GetTickCount();
-void Sleep(DWORD milliseconds);
+ORBIX_API DWORD GetTickCount();
+ORBIX_API void Sleep(DWORD milliseconds);
