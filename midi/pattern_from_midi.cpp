@@ -73,10 +73,13 @@ public:
             const CZurSeqEvent* const nameEvent = number == 1 ? track->GetNameEvent() : nullptr;
             TakeTrack(*track, number == 1, nameEvent);
         }
+        const std::uint32_t failures = SwallowedFailures();
         result_.pattern = std::make_unique<CQelCPB_3DPattern>();
+        RaiseFailuresSince(failures);  // One that holds nothing takes all, and keeps nothing.
         PutDivision();
         PutTimeSigs();
         PutPositions();
+        RaiseFailuresSince(failures);
         return std::move(result_);
     }
 
@@ -174,8 +177,5 @@ private:
 }  // namespace
 
 PatternFromMidi PatternFromSequence(const CZurSequence& sequence) {
-    const std::uint32_t failures = SwallowedFailures();
-    PatternFromMidi result = PatternReader(sequence).Read();
-    RaiseFailuresSince(failures);
-    return result;
+    return PatternReader(sequence).Read();
 }

@@ -66,6 +66,13 @@ public:
 
 }  // namespace
 
+// A failure that is raised through the toolkit leaves texts of its own behind.
+extern "C" ORBIX_API const char*
+__lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libQt6";
+}
+
 void* operator new(std::size_t size) {
     void* const block = RunsOut(__builtin_return_address(0)) ? nullptr : std::malloc(size);
     return block != nullptr ? (++blocksHeld, block) : throw std::bad_alloc();
