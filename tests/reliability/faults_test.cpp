@@ -137,7 +137,7 @@ TEST(Memory, APatternIsReadCopiedAndTakenFromMidiWholeOrNotAtAll) {
                       FailingAllocation::Lift();
                       EXPECT_EQ(WritePatternBytes(*pattern), bytes);
                   }),
-                  50);
+                  30);
     }
 }
 
