@@ -20,11 +20,6 @@ bool HasDriveLetter(const CString& path) {
     return letter >= 'a' && letter <= 'z' && path.size() > 1 && path[1] == ':';
 }
 
-// Its other end may never come, and the editor would wait for it.
-bool IsPipeOrDevice(const CString& path) {
-    return KindOfPath(path) == PathKind::other;
-}
-
 // The file is written in place, so that a disk that is full has to be noticed before it is opened.
 // Here a drive seldom has a letter; else it is the file system that the path lies on.
 bool HasRoomFor(const CString& path, std::size_t bytes) {
@@ -45,9 +40,6 @@ int C3DEventData::SaveCsv(const CString& path) const {
     }
     if (events_.empty()) {
         return 0;
-    }
-    if (IsPipeOrDevice(path)) {
-        return kErrorOpen;
     }
     const CString text = CsvText();
     if (!HasRoomFor(path, text.size())) {
@@ -70,7 +62,8 @@ int C3DEventData::LoadCsv(const CString& path, C3DReport& report) {
     if (!IsCsvPath(path)) {
         return kErrorExtension;
     }
-    if (IsPipeOrDevice(path)) {
+    // A pipe without a writer would hold its reader for ever.
+    if (KindOfPath(path) == PathKind::other) {
         return kErrorOpen;
     }
     const auto text = ReadWholeFile(path);
