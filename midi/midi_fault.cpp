@@ -162,3 +162,8 @@ MidiFault FindMidiFault(int code, const CZurSequence& read, std::strstream& stre
     }
     return fault;
 }
+
+MidiFault CutMessageFault(const CZurSequence& read, std::string_view bytes) {
+    return {static_cast<std::uint32_t>(bytes.size()),
+            "track " + std::to_string(read.GetTrackCount()), "the data bytes of a message", kEnd};
+}

@@ -10,3 +10,6 @@
 /// agrees with the code.
 MidiFault FindMidiFault(int code, const CZurSequence& read, std::strstream& stream,
                         std::string_view bytes);
+
+/// The same for bytes that end inside the last channel message of `read`, which raises nothing.
+MidiFault CutMessageFault(const CZurSequence& read, std::string_view bytes);

@@ -35,9 +35,7 @@ std::unique_ptr<CZurSequence> ReadMidiBytes(std::string_view bytes, MidiFault& f
         }
         // What is missing at the end of a channel message is read as FF.
         if (stream.eof()) {
-            fault = {static_cast<std::uint32_t>(bytes.size()),
-                     "track " + std::to_string(sequence->GetTrackCount()),
-                     "the data bytes of a message", "the end of the file"};
+            fault = CutMessageFault(*sequence, bytes);
             return nullptr;
         }
         return sequence;
