@@ -149,6 +149,10 @@ void LoadMidiDocument(Document& document, const std::string& bytes, const std::s
     document.name = content.name ? CutName(*content.name) : NameFromPath(path);
     document.store.LoadFromPattern(document.pattern.get(), document.report);
     AddLeftOutOfPattern(*document.pattern, document.store, document.report);
+    if (content.name && *content.name != document.name) {
+        document.report.AddLine("Name Length Changed (" + std::to_string(content.name->size()) +
+                                ")->(" + std::to_string(document.name.size()) + ")");
+    }
     RemarkOtherEvents(document.report, content);
 }
 
