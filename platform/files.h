@@ -19,10 +19,10 @@ inline constexpr std::size_t kLongestFile = std::size_t{256} << 20;
 ORBIX_API std::optional<std::string> ReadWholeFile(const CString& path, CString* reason = nullptr);
 
 /// Writes `bytes` to a new file beside `path`, brings it to the disk and renames it over `path`,
-/// so that the file is there whole or stays as it was. A symbolic link to a file is written
-/// through, the old file's mode is kept and a new file's held to the user's mask; a pipe or a
-/// device is refused. False on failure, with the words for it in `reason`; nothing of the attempt
-/// is left behind.
+/// so that the file is there whole or stays as it was. A symbolic link is written through, also to
+/// a file that is not there yet; the old file's mode is kept, a new file's held to the user's mask;
+/// a pipe or a device is refused. False on failure, with the words for it in `reason`; nothing of
+/// the attempt is left behind.
 ORBIX_API bool WriteFileCommitted(const CString& path, std::string_view bytes,
                                   CString* reason = nullptr);
 

@@ -57,11 +57,15 @@ std::size_t WriteAll(int descriptor, std::string_view bytes) {
     return written;
 }
 
-// The file that really changes: the end of a chain of links, or the path itself.
+// The file that really changes: the end of a chain of links, also when it is not there yet.
 std::string ResolveLinks(const CString& path) {
+    constexpr int kMostLinks = 40;  // as the system itself
+    std::filesystem::path resolved = path;
     std::error_code error;
-    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-    return error ? path : resolved.string();
+    for (int link = 0; link < kMostLinks && std::filesystem::is_symlink(resolved, error); ++link) {
+        resolved = resolved.parent_path() / std::filesystem::read_symlink(resolved, error);
+    }
+    return resolved.string();
 }
 
 std::optional<mode_t> ModeOf(const std::string& path) {

@@ -40,7 +40,13 @@ TEST_F(Files, ACommitKeepsTheUsersMaskTheOldFilesModeAndLinks) {
     EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
     EXPECT_EQ(ReadWholeFile(folder_ / longest), "");
     EXPECT_EQ(fs::status(folder_ / longest).permissions(), fs::perms(0602));
-    EXPECT_EQ(EntryCount(), 2);
+    fs::create_symlink("link to come", folder_ / "link to link");
+    fs::create_symlink(folder_ / "to come", folder_ / "link to come");
+    EXPECT_TRUE(WriteFileCommitted(folder_ / "link to link", "new"));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link to link"));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link to come"));
+    EXPECT_EQ(ReadWholeFile(folder_ / "to come"), "new");
+    EXPECT_EQ(EntryCount(), 5);
 }
 
 TEST_F(Files, AFailureSaysWhyAndLeavesTheOldFileAndNothingElse) {
