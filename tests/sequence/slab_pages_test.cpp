@@ -1,6 +1,7 @@
 #include "sequence/slab_pages.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -46,6 +47,20 @@ TEST(SlabPages, WhatIsTakenIsWholeAlignedAndNobodyElses) {
     }
     for (unsigned char* const slab : held)
         pages.GiveBack(slab);
+}
+
+// All but the last run of neighbours, at most 2 MiB, which may be handed out again.
+TEST(SlabPages, WhatIsGivenBackIsTheSystemsAgain) {
+    SlabPages pages;
+    std::vector<void*> slabs(1000);
+    for (void*& slab : slabs)
+        slab = pages.Take();
+    for (void* const slab : slabs)
+        pages.GiveBack(slab);
+    const auto isMapped = [](void* slab) { return ::msync(slab, kEventSlab, MS_ASYNC) == 0; };
+    EXPECT_LE(std::ranges::count_if(slabs, isMapped), (2 << 20) / kEventSlab);
+    EXPECT_TRUE(isMapped(slabs.back()));
+    EXPECT_EQ(pages.Take(), slabs.back());
 }
 
 }  // namespace
