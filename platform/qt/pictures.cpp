@@ -4,11 +4,41 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <map>
+#include <memory>
 #include <utility>
+
+#include "sequence/large_pages.h"
 
 namespace toolkit {
 
 namespace {
+
+// Smaller ones would leave most of a large page unused.
+constexpr std::size_t kLargeCanvas = kLargePage / 2;
+
+/// The memory behind a canvas.
+struct CanvasPages {
+    explicit CanvasPages(std::size_t bytes)
+        : length((bytes + kLargePage - 1) / kLargePage * kLargePage), begin(ReservePages(length)) {
+        if (begin != nullptr) {
+            PreferLargePages(begin, length);
+        }
+    }
+    ~CanvasPages() {
+        if (begin != nullptr) {
+            ReleasePages(begin, length);
+        }
+    }
+    CanvasPages(const CanvasPages&) = delete;
+    CanvasPages& operator=(const CanvasPages&) = delete;
+
+    std::size_t length;
+    std::byte* begin;
+};
+
+void DropCanvasPages(void* pages) {
+    delete static_cast<CanvasPages*>(pages);
+}
 
 void DrawSvg(const PictureResource& picture, QPainter& painter, const QRectF& place) {
     QSvgRenderer renderer(QByteArray(picture.svg));
@@ -57,6 +87,21 @@ private:
 };
 
 }  // namespace
+
+QImage MakeCanvas(QSize size) {
+    const qsizetype stride = size.width() * static_cast<qsizetype>(sizeof(QRgb));
+    const auto bytes = static_cast<std::size_t>(stride * size.height());
+    if (bytes < kLargeCanvas) {
+        return {size, QImage::Format_RGB32};
+    }
+    auto pages = std::make_unique<CanvasPages>(bytes);
+    if (pages->begin == nullptr) {
+        return {};
+    }
+    auto* const pixels = reinterpret_cast<uchar*>(pages->begin);
+    return {pixels,           size.width(),   size.height(), stride, QImage::Format_RGB32,
+            &DropCanvasPages, pages.release()};
+}
 
 std::shared_ptr<ImageStorage> StorageOf(CBitmap& bitmap, qreal ratio) {
     auto storage = std::dynamic_pointer_cast<ImageStorage>(bitmap.Storage());

@@ -18,6 +18,11 @@ struct ImageStorage : BitmapStorage {
     qreal ratio;
 };
 
+/// A picture of so many device pixels to draw on, of any content; null without memory. A large
+/// one's memory goes back to the system with it: the frame of a window is wanted for a moment only,
+/// and an allocator would keep it for the next.
+QImage MakeCanvas(QSize size);
+
 /// The storage of a bitmap at this ratio, drawn from its resource when it has none yet; null for
 /// an empty bitmap.
 std::shared_ptr<ImageStorage> StorageOf(CBitmap& bitmap, qreal ratio);

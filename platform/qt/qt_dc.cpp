@@ -48,9 +48,8 @@ CBitmap QtDC::CreateCompatibleBitmap(int width, int height) {
     CBitmap bitmap;
     const QSize size(qCeil(width * ratio_), qCeil(height * ratio_));
     if (!size.isEmpty()) {
-        bitmap.SetStorage(
-            std::make_shared<ImageStorage>(QImage(size, QImage::Format_RGB32), ratio_),
-            {width, height});
+        bitmap.SetStorage(std::make_shared<ImageStorage>(MakeCanvas(size), ratio_),
+                          {width, height});
     }
     return bitmap;
 }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <QImage>
 
@@ -126,6 +127,30 @@ TEST(DeviceContext, BlockTransferCopiesAndMasks) {
     canvas.dc.BitBlt(0, 0, 2, 1, *memory, 0, 0, SRCAND);
     canvas.dc.BitBlt(2, 1, 9, 9, *memory, 1, 1, SRCCOPY);
     EXPECT_EQ(canvas.Read(), (Rows{"#o??", "??o?"}));
+}
+
+bool IsMapped(const void* place) {
+    const auto page = reinterpret_cast<std::uintptr_t>(place) / 4096 * 4096;
+    return ::msync(reinterpret_cast<void*>(page), 1, MS_ASYNC) == 0;
+}
+
+TEST(DeviceContext, ALargeBitmapIsWholeAndLeavesNoMemory) {
+    Canvas canvas(2, 1);
+    for (int round = 0; round < 2; ++round) {  // An allocator keeps the second one for a third.
+        const uchar* place = nullptr;
+        {
+            CBitmap bitmap = canvas.dc.CreateCompatibleBitmap(1001, 701);
+            const auto memory = canvas.dc.CreateCompatibleDC();
+            memory->SelectBitmap(&bitmap);
+            memory->FillRect({0, 0, 1001, 701}, {kRed});
+            memory->FillRect({1000, 700, 1001, 701}, {kBlue});
+            canvas.dc.BitBlt(0, 0, 2, 1, *memory, 999, 700, SRCCOPY);
+            place = toolkit::StorageOf(bitmap, 1.0)->image.constScanLine(350);
+            EXPECT_TRUE(IsMapped(place));
+        }
+        EXPECT_EQ(canvas.Read(), Rows{"#o"});
+        EXPECT_FALSE(IsMapped(place));
+    }
 }
 
 using Picture = probe::Test;
