@@ -138,7 +138,7 @@ std::optional<std::string> ReadWholeFile(const CString& path, CString* reason) {
 bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* reason) {
     const std::string target = ResolveLinks(path);
     // The rename would put a plain file in its place.
-    if (KindOfPath(target) == PathKind::other) {
+    if (KindOfPath(path) == PathKind::other) {
         return Fail(reason, "not a plain file");
     }
     // Renaming over a file asks no leave of the file itself; a read-only file must stay as it is.

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <clocale>
 #include <cstdlib>
@@ -68,6 +69,13 @@ TEST_F(Files, AFailureSaysWhyAndLeavesTheOldFileAndNothingElse) {
     EXPECT_FALSE(WriteFileCommitted(folder_ / "pipe", "x", &reason));
     EXPECT_EQ(reason, "not a plain file");
     EXPECT_EQ(KindOfPath(folder_ / "pipe"), PathKind::other) << "still there";
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    // A link of the system's own, as /dev/stdout, whose text is no path.
+    EXPECT_FALSE(WriteFileCommitted("/proc/self/fd/" + std::to_string(ends[1]), "x", &reason));
+    EXPECT_EQ(reason, "not a plain file");
+    close(ends[0]);
+    close(ends[1]);
     EXPECT_EQ(ReadWholeFile(folder_ / "folder", &reason), std::nullopt);
     EXPECT_EQ(reason, "Is a directory");
     EXPECT_EQ(ReadWholeFile(folder_ / "none", &reason), std::nullopt);
