@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <QImage>
 
 #include "platform/native.h"
 #include "platform/qt/qt_dc.h"
 #include "tests/platform/probe_dialog.h"
+#include "tests/support/mapped.h"
 
 namespace {
 
@@ -127,11 +127,6 @@ TEST(DeviceContext, BlockTransferCopiesAndMasks) {
     canvas.dc.BitBlt(0, 0, 2, 1, *memory, 0, 0, SRCAND);
     canvas.dc.BitBlt(2, 1, 9, 9, *memory, 1, 1, SRCCOPY);
     EXPECT_EQ(canvas.Read(), (Rows{"#o??", "??o?"}));
-}
-
-bool IsMapped(const void* place) {
-    const auto page = reinterpret_cast<std::uintptr_t>(place) / 4096 * 4096;
-    return ::msync(reinterpret_cast<void*>(page), 1, MS_ASYNC) == 0;
 }
 
 TEST(DeviceContext, ALargeBitmapIsWholeAndLeavesNoMemory) {

@@ -1,7 +1,6 @@
 #include "sequence/slab_pages.h"
 
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "sequence/event_slab.h"
+#include "tests/support/mapped.h"
 
 namespace {
 
@@ -57,9 +57,8 @@ TEST(SlabPages, WhatIsGivenBackIsTheSystemsAgain) {
         slab = pages.Take();
     for (void* const slab : slabs)
         pages.GiveBack(slab);
-    const auto isMapped = [](void* slab) { return ::msync(slab, kEventSlab, MS_ASYNC) == 0; };
-    EXPECT_LE(std::ranges::count_if(slabs, isMapped), (2 << 20) / kEventSlab);
-    EXPECT_TRUE(isMapped(slabs.back()));
+    EXPECT_LE(std::ranges::count_if(slabs, IsMapped), (2 << 20) / kEventSlab);
+    EXPECT_TRUE(IsMapped(slabs.back()));
     EXPECT_EQ(pages.Take(), slabs.back());
 }
 
