@@ -73,10 +73,10 @@ std::string OutputBytes(const Document& document, FileKind kind, const ConvertOp
     if (kind == FileKind::messages) {
         return MessageBytes(document.store);
     }
-    CQelCPB_3DPattern pattern(*document.pattern);
-    document.store.StoreToPattern(&pattern, options.name.value_or(document.name));
-    return kind == FileKind::midi ? MidiFileBytes(document, pattern, options)
-                                  : WritePatternBytes(pattern);
+    const auto pattern = CopyPattern(*document.pattern);
+    document.store.StoreToPattern(pattern.get(), options.name.value_or(document.name));
+    return kind == FileKind::midi ? MidiFileBytes(document, *pattern, options)
+                                  : WritePatternBytes(*pattern);
 }
 
 void WriteDryWords(const ConvertOptions& options, std::size_t size) {

@@ -141,8 +141,9 @@ bool WriteFileCommitted(const CString& path, std::string_view bytes, CString* re
     if (KindOfPath(path) == PathKind::other) {
         return Fail(reason, "not a plain file");
     }
-    // Renaming over a file asks no leave of the file itself; a read-only file must stay as it is.
-    if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) {
+    // Renaming over a file asks no leave of the file itself; a read-only file must stay as it is,
+    // and so must a link that leads to itself.
+    if (::access(target.c_str(), W_OK) != 0 && errno != ENOENT) {
         return Fail(reason);
     }
     const std::optional<mode_t> oldMode = ModeOf(target);

@@ -76,11 +76,15 @@ TEST_F(Files, AFailureSaysWhyAndLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(reason, "not a plain file");
     close(ends[0]);
     close(ends[1]);
+    fs::create_symlink("loop", folder_ / "loop");
+    EXPECT_FALSE(WriteFileCommitted(folder_ / "loop", "x", &reason));
+    EXPECT_EQ(reason, "Too many levels of symbolic links");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "loop"));
     EXPECT_EQ(ReadWholeFile(folder_ / "folder", &reason), std::nullopt);
     EXPECT_EQ(reason, "Is a directory");
     EXPECT_EQ(ReadWholeFile(folder_ / "none", &reason), std::nullopt);
     EXPECT_EQ(reason, "No such file or directory");
-    EXPECT_EQ(EntryCount(), 3);
+    EXPECT_EQ(EntryCount(), 4);
 }
 
 TEST_F(Files, WritingInPlaceTellsHowMuchWentOut) {
