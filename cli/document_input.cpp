@@ -138,7 +138,7 @@ void RemarkOtherEvents(C3DReport& report, const PatternFromMidi& content) {
     }
 }
 
-void LoadMidiDocument(Document& document, const std::string& bytes, const std::string& path) {
+void LoadMidiDocument(Document& document, const std::string& bytes, const InputOptions& input) {
     MidiFault fault;
     const auto sequence = ReadMidiBytes(bytes, fault);
     if (!sequence) {
@@ -146,10 +146,10 @@ void LoadMidiDocument(Document& document, const std::string& bytes, const std::s
     }
     PatternFromMidi content = PatternFromSequence(*sequence);
     document.pattern = std::move(content.pattern);
-    document.name = content.name ? CutName(*content.name) : NameFromPath(path);
+    document.name = content.name ? CutName(*content.name) : NameFromPath(input.path);
     document.store.LoadFromPattern(document.pattern.get(), document.report);
     AddLeftOutOfPattern(*document.pattern, document.store, document.report);
-    if (content.name && *content.name != document.name) {
+    if (!input.name && content.name && *content.name != document.name) {
         document.report.AddLine("Name Length Changed (" + std::to_string(content.name->size()) +
                                 ")->(" + std::to_string(document.name.size()) + ")");
     }
@@ -195,11 +195,12 @@ Document LoadDocument(const InputOptions& input) {
     if (document.kind == FileKind::pattern) {
         LoadPatternDocument(document, bytes);
     } else if (document.kind == FileKind::midi) {
-        LoadMidiDocument(document, bytes, input.path);
+        LoadMidiDocument(document, bytes, input);
     } else {
         document.pattern = std::make_unique<CQelCPB_3DPattern>();
         document.name = NameFromPath(input.path);
         LoadCsvDocument(document, bytes);
     }
+    document.name = input.name.value_or(document.name);
     return document;
 }

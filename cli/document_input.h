@@ -17,7 +17,8 @@ struct Document {
     FileKind kind = FileKind::pattern;
     /// How messages name the file.
     std::string label;
-    /// A pattern's own name, or that in a MIDI file; else what `NameFromPath` makes of its file.
+    /// The one asked for, a pattern's own, or that in a MIDI file; else what `NameFromPath` makes
+    /// of its file.
     std::string name;
     C3DEventData store;
     /// All that was put right or left out, a line each.

@@ -19,6 +19,8 @@ struct InputOptions {
     std::optional<FileKind> kind;
     /// 480 or 960, for a CSV text that doesn't name its division.
     std::optional<int> division;
+    /// Stands in for the pattern's name.
+    std::optional<std::string> name;
 };
 
 /// How much a verb says and how it takes remarks.

@@ -25,7 +25,6 @@ struct ConvertOptions {
     RemarkOptions remarks;
     std::string output;
     std::optional<FileKind> outputKind;
-    std::optional<std::string> name;
     std::int16_t format = 0;
     double tempo = 120;
     bool overwrite = false;
@@ -74,7 +73,7 @@ std::string OutputBytes(const Document& document, FileKind kind, const ConvertOp
         return MessageBytes(document.store);
     }
     const auto pattern = CopyPattern(*document.pattern);
-    document.store.StoreToPattern(pattern.get(), options.name.value_or(document.name));
+    document.store.StoreToPattern(pattern.get(), document.name);
     return kind == FileKind::midi ? MidiFileBytes(document, *pattern, options)
                                   : WritePatternBytes(*pattern);
 }
@@ -120,7 +119,7 @@ void AddOutputOptions(CLI::App& verb, ConvertOptions& options) {
         ->type_name("");
     AddKindOption(verb, "--to", options.outputKind,
                   "What the output is, whatever its name says; needed with -");
-    verb.add_option("--name", options.name,
+    verb.add_option("--name", options.input.name,
                     "Name of the pattern that is written, at most 16 bytes. Else a pattern\n"
                     "keeps its own, and what has none lends the stem of its name, cut to fit")
         ->check(CLI::Validator(NameFault, "", "name"))
